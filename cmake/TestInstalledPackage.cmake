@@ -1,0 +1,33 @@
+# Installs the built library into a scratch prefix, then builds the example as an outside
+# application would, with find_package(brelt), and runs it.
+#   cmake -DBUILD_DIR=... -DSOURCE_DIR=... [-DTOOLCHAIN=...] [-DEMULATOR=...] -P TestInstalledPackage.cmake
+cmake_minimum_required(VERSION 3.25)
+
+set(work ${BUILD_DIR}/installed-package)
+file(REMOVE_RECURSE ${work}/prefix ${work}/app)
+
+function(run)
+  execute_process(COMMAND ${ARGN} RESULT_VARIABLE rc)
+  if(NOT rc EQUAL 0)
+    list(JOIN ARGN " " cmd)
+    message(FATAL_ERROR "failed (${rc}): ${cmd}")
+  endif()
+endfunction()
+
+run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${work}/prefix)
+
+set(configure ${CMAKE_COMMAND} -S ${SOURCE_DIR}/examples -B ${work}/app
+    -DCMAKE_PREFIX_PATH=${work}/prefix -DCMAKE_BUILD_TYPE=Release)
+if(TOOLCHAIN)
+  list(APPEND configure -DCMAKE_TOOLCHAIN_FILE=${TOOLCHAIN})
+endif()
+run(${configure})
+run(${CMAKE_COMMAND} --build ${work}/app)
+
+if(EXISTS ${work}/app/brelt_example.exe)
+  set(program ${work}/app/brelt_example.exe)
+else()
+  set(program ${work}/app/brelt_example)
+endif()
+run(${EMULATOR} ${program})
+message(STATUS "the installed package built and ran ${program}")

@@ -1,0 +1,6 @@
+// Everything brelt exports.
+#pragma once
+
+#include <brelt/config.h>
+#include <brelt/lib.h>
+#include <brelt/str.h>

@@ -1,0 +1,4 @@
+// Str: bounded strings in 8-bit (A) and 16-bit (W) characters.
+#pragma once
+
+#include <brelt/str/core.h>

@@ -1,0 +1,8 @@
+// Compiled with AVX2 enabled; used only where the CPU has it.
+#include "scan_kernels_table.h"
+
+namespace brelt::scan {
+
+constexpr Kernels kAvx2Kernels = MakeKernels<Avx2>();
+
+}  // namespace brelt::scan
