@@ -1,4 +1,5 @@
-// Str::LengthA, Str::CharPosA, Lib::ScanR and Lib::Compare beside strnlen, memchr and memcmp.
+// Str::LengthA, Str::CharPosA, Lib::ScanR and Lib::Compare beside strnlen, memchr (and
+// strchr, which like CharPosA also watches for the terminator) and memcmp.
 // The text is one byte value throughout, so that every call walks the whole input.
 #include <brelt/lib.h>
 #include <brelt/str.h>
@@ -55,6 +56,17 @@ void CharPosA_memchr(benchmark::State& state) {
   Done(state);
 }
 
+// strchr also stops at the terminator, as CharPosA does; the text ends in one here.
+void CharPosA_strchr(benchmark::State& state) {
+  auto s = Text(state.range(0));
+  s.back() = '\0';
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(s.data());
+    benchmark::DoNotOptimize(std::strchr(s.data(), 'y'));
+  }
+  Done(state);
+}
+
 void ScanR_brelt(benchmark::State& state) {
   auto s = Text(state.range(0));
   for (auto _ : state) {
@@ -93,6 +105,7 @@ BENCHMARK(LengthA_brelt)->Name("LengthA/brelt")->Apply(Sizes);
 BENCHMARK(LengthA_strnlen)->Name("LengthA/strnlen")->Apply(Sizes);
 BENCHMARK(CharPosA_brelt)->Name("CharPosA/brelt")->Apply(Sizes);
 BENCHMARK(CharPosA_memchr)->Name("CharPosA/memchr")->Apply(Sizes);
+BENCHMARK(CharPosA_strchr)->Name("CharPosA/strchr")->Apply(Sizes);
 BENCHMARK(ScanR_brelt)->Name("ScanR/brelt")->Apply(Sizes);
 BENCHMARK(ScanR_memchr)->Name("ScanR/memchr")->Apply(Sizes);
 BENCHMARK(Compare_brelt)->Name("Compare/brelt")->Apply(Sizes);
