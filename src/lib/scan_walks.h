@@ -10,10 +10,19 @@
 
 namespace brelt::scan {
 
+// The forward and backward walks load aligned blocks only. Such a block never crosses a page,
+// so a walk may look at bytes beside its area (and beside the terminator of a string whose
+// bound says more) without ever faulting; lanes outside the area are masked off. That is a
+// deliberate read outside the object, hence no address sanitizing of
+// the block loads.
+#define BRELT_WHOLE_BLOCK_READS __attribute__((no_sanitize_address))
+
 struct Sse2 {
   using V = __m128i;
   static constexpr unsigned kBytes = 16;
-  static V Load(const void* p) { return _mm_loadu_si128(static_cast<const V*>(p)); }
+  BRELT_WHOLE_BLOCK_READS static V Load(const void* p) {
+    return _mm_loadu_si128(static_cast<const V*>(p));
+  }
   static V Splat(std::uint8_t v) { return _mm_set1_epi8(static_cast<char>(v)); }
   static V Splat(std::uint16_t v) { return _mm_set1_epi16(static_cast<short>(v)); }
   static V Eq(V a, V b, std::uint8_t) { return _mm_cmpeq_epi8(a, b); }
@@ -33,7 +42,9 @@ struct Sse2 {
 struct Avx2 {
   using V = __m256i;
   static constexpr unsigned kBytes = 32;
-  static V Load(const void* p) { return _mm256_loadu_si256(static_cast<const V*>(p)); }
+  BRELT_WHOLE_BLOCK_READS static V Load(const void* p) {
+    return _mm256_loadu_si256(static_cast<const V*>(p));
+  }
   static V Splat(std::uint8_t v) { return _mm256_set1_epi8(static_cast<char>(v)); }
   static V Splat(std::uint16_t v) { return _mm256_set1_epi16(static_cast<short>(v)); }
   static V Eq(V a, V b, std::uint8_t) { return _mm256_cmpeq_epi8(a, b); }
@@ -109,7 +120,7 @@ inline typename W::V Fold(typename W::V a, typename W::V b) {
 // every instruction that uses the block, which doubles the loads of the two-value tests and
 // makes the load ports the bottleneck.
 template <class W>
-inline typename W::V LoadOnce(const std::uint8_t* at) {
+BRELT_WHOLE_BLOCK_READS inline typename W::V LoadOnce(const std::uint8_t* at) {
   typename W::V v = W::Load(at);
   asm("" : "+x"(v));
   return v;
@@ -129,12 +140,6 @@ inline const std::uint8_t* AlignDown(const void* p) {
   return reinterpret_cast<const std::uint8_t*>(reinterpret_cast<std::uintptr_t>(p) &
                                                ~std::uintptr_t{W::kBytes - 1});
 }
-
-// The forward and backward walks load aligned blocks only. Such a block never crosses a page,
-// so a walk may look at bytes beside its area (and beside the terminator of a string whose
-// bound says more) without ever faulting; lanes outside the area are masked off. That is a
-// deliberate read outside the object, hence no address sanitizing here.
-#define BRELT_WHOLE_BLOCK_READS __attribute__((no_sanitize_address))
 
 // First element in p[0..n) that the test hits, or n.
 template <class W, class T, class Test>
