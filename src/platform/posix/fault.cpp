@@ -78,9 +78,23 @@ int SlotOf(int sig) {
   return 0;
 }
 
+// The kernel runs the handler with a fresh floating-point state and would restore the
+// thread's own at sigreturn, which a throw never reaches: put the control words back first.
+void RestoreFloatControl(const void* context) {
+  const auto* uc = static_cast<const ucontext_t*>(context);
+  if (uc->uc_mcontext.fpregs == nullptr) return;
+  _mm_setcsr(uc->uc_mcontext.fpregs->mxcsr);
+  const unsigned short cw = uc->uc_mcontext.fpregs->cwd;
+  __asm__ volatile("fldcw %0" : : "m"(cw));
+}
+
 void OnFault(int sig, siginfo_t* info, void* context) {
   // Only a fault the processor raised is translated, not a signal another process sent.
-  if (t_translate && info->si_code > 0) g_translator(FaultCode(sig, info, context));
+  if (t_translate && info->si_code > 0) {
+    const std::uint32_t code = FaultCode(sig, info, context);
+    RestoreFloatControl(context);
+    g_translator(code);
+  }
   const struct sigaction& prev = g_previous[SlotOf(sig)];
   if ((prev.sa_flags & SA_SIGINFO) != 0 && prev.sa_sigaction != nullptr) {
     prev.sa_sigaction(sig, info, context);
