@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <cfloat>
+#include <cstdlib>
 #include <limits>
 #include <thread>
 
@@ -121,6 +122,17 @@ TEST(SehEnableSEHDeathTest, OtherThreadsKeepTheDefaultCourse) {
         std::thread([] { g_intSink = *g_null; }).join();
       },
       "");
+  // The same child with the fault on a thread that asked for translation lives on: the death
+  // above came from the untranslated fault, not from the way the child is run.
+  EXPECT_EXIT(
+      {
+        std::thread([] {
+          SEH::EnableSEH();
+          if (ThrownCode([] { g_intSink = *g_null; }) == kAccessViolation) std::exit(7);
+        }).join();
+        std::exit(1);
+      },
+      testing::ExitedWithCode(7), "");
 }
 
 }  // namespace
