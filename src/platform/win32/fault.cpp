@@ -24,6 +24,30 @@ FaultTranslator g_translator = nullptr;
 DWORD g_tlsSlot = TLS_OUT_OF_INDEXES;
 std::once_flag g_installed;
 
+// The system's core modules guard their own probes (IsBadReadPtr and friends) with handlers
+// that a vectored handler would pre-empt; faults inside them are left to those handlers.
+// Their address ranges are taken once, so that the fault path needs no loader call.
+struct CodeRange {
+  DWORD64 begin = 0, end = 0;
+};
+CodeRange g_systemRanges[3];
+
+CodeRange RangeOf(const wchar_t* name) {
+  const auto* base = reinterpret_cast<const unsigned char*>(GetModuleHandleW(name));
+  if (base == nullptr) return {};
+  const auto* dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
+  const auto* nt = reinterpret_cast<const IMAGE_NT_HEADERS*>(base + dos->e_lfanew);
+  const auto begin = reinterpret_cast<DWORD64>(base);
+  return {begin, begin + nt->OptionalHeader.SizeOfImage};
+}
+
+bool InSystemCore(DWORD64 pc) {
+  for (const CodeRange& r : g_systemRanges) {
+    if (pc >= r.begin && pc < r.end) return true;
+  }
+  return false;
+}
+
 }  // namespace
 }  // namespace brelt::platform
 
@@ -68,6 +92,7 @@ LONG CALLBACK OnException(EXCEPTION_POINTERS* info) {
   SetLastError(lastError);
   if (!translate) return EXCEPTION_CONTINUE_SEARCH;
   CONTEXT* c = info->ContextRecord;
+  if (InSystemCore(c->Rip)) return EXCEPTION_CONTINUE_SEARCH;
   c->Rsp -= 8;
   *reinterpret_cast<DWORD64*>(c->Rsp) = c->Rip + 1;
   c->Rcx = code;
@@ -86,6 +111,9 @@ void ClearFloatFlags() { _clearfp(); }
 void TranslateFaultsOnThisThread(FaultTranslator translator) {
   std::call_once(g_installed, [translator] {
     g_translator = translator;
+    g_systemRanges[0] = RangeOf(L"ntdll.dll");
+    g_systemRanges[1] = RangeOf(L"kernelbase.dll");
+    g_systemRanges[2] = RangeOf(L"kernel32.dll");
     g_tlsSlot = TlsAlloc();
     AddVectoredExceptionHandler(1, OnException);
   });
