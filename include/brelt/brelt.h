@@ -3,4 +3,6 @@
 
 #include <brelt/config.h>
 #include <brelt/lib.h>
+#include <brelt/os.h>
+#include <brelt/seh.h>
 #include <brelt/str.h>

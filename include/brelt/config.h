@@ -55,3 +55,34 @@ static_assert(sizeof(void*) == 8, "brelt targets 64-bit platforms only");
 static_assert(sizeof(FileHandle) == sizeof(void*));
 
 }  // namespace brelt
+
+// The platform's time record: eight 16-bit fields. On Windows it is the system's own
+// SYSTEMTIME, so a record from the system passes unchanged; whichever of this header and the
+// system's headers comes first defines it, under the system's own guard.
+#if defined(_WIN32)
+#  ifndef _SYSTEMTIME_
+#    define _SYSTEMTIME_
+typedef struct _SYSTEMTIME {
+  unsigned short wYear;
+  unsigned short wMonth;
+  unsigned short wDayOfWeek;
+  unsigned short wDay;
+  unsigned short wHour;
+  unsigned short wMinute;
+  unsigned short wSecond;
+  unsigned short wMilliseconds;
+} SYSTEMTIME, *PSYSTEMTIME, *LPSYSTEMTIME;
+#  endif
+#else
+struct _SYSTEMTIME {
+  unsigned short wYear;
+  unsigned short wMonth;
+  unsigned short wDayOfWeek;  // 0 Sunday to 6 Saturday
+  unsigned short wDay;
+  unsigned short wHour;
+  unsigned short wMinute;
+  unsigned short wSecond;
+  unsigned short wMilliseconds;
+};
+#endif
+static_assert(sizeof(_SYSTEMTIME) == 16);

@@ -6,9 +6,14 @@
 // FIOR and MATHLIB need no step: their state is complete as loaded.
 #include "startup.h"
 
+#include "brelt/os.h"
+#include "brelt/seh.h"
+
 namespace brelt::frame {
 
 void RunStartup() {
+  SEH::InitModule();
+  os::__INIT();
 }
 
 }  // namespace brelt::frame
