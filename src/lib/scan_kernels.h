@@ -3,7 +3,7 @@
 // Results are element counts: the index of the first element that meets the test (or, for the
 // backward walks, how many elements lie above it), or `n` when none does. Short inputs are
 // walked inline with 16-byte blocks; long ones go through a table chosen once for the CPU
-// (32-byte blocks where AVX2 exists).
+// (64-byte blocks where AVX-512 exists, 32-byte ones where AVX2 does).
 #pragma once
 
 #include <cstdint>

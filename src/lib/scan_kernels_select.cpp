@@ -9,7 +9,11 @@ const Kernels* active = &kSse2Kernels;
 
 [[maybe_unused]] const bool selected = [] {
   __builtin_cpu_init();
-  if (__builtin_cpu_supports("avx2")) active = &kAvx2Kernels;
+  if (__builtin_cpu_supports("avx512bw")) {
+    active = &kAvx512Kernels;
+  } else if (__builtin_cpu_supports("avx2")) {
+    active = &kAvx2Kernels;
+  }
   return true;
 }();
 

@@ -21,5 +21,6 @@ constexpr Kernels MakeKernels() {
 
 extern const Kernels kSse2Kernels;
 extern const Kernels kAvx2Kernels;
+extern const Kernels kAvx512Kernels;
 
 }  // namespace brelt::scan

@@ -1,5 +1,5 @@
 // The walks behind the scan kernels, written once over the vector width. Sse2 is always
-// there on x86-64; Avx2 exists in files compiled for it.
+// there on x86-64; Avx2 and Avx512 exist in files compiled for them.
 #pragma once
 
 #include <immintrin.h>
@@ -9,6 +9,9 @@
 #include <type_traits>
 
 namespace brelt::scan {
+
+// One bit per byte of a block, bit 0 for its lowest byte.
+using Bits = std::uint64_t;
 
 // The forward and backward walks load aligned blocks only. Such a block never crosses a page,
 // so a walk may look at bytes beside its area (and beside the terminator of a string whose
@@ -34,8 +37,10 @@ struct Sse2 {
   // SSE2 has no unsigned 16-bit minimum: a - (a - b, saturated at 0) is one.
   static V Min(V a, V b, std::uint16_t) { return _mm_sub_epi16(a, _mm_subs_epu16(a, b)); }
   static V Zero() { return _mm_setzero_si128(); }
-  static constexpr std::uint32_t kFull = 0xFFFFu;
-  static std::uint32_t Mask(V a) { return static_cast<std::uint32_t>(_mm_movemask_epi8(a)); }
+  static constexpr Bits kFull = 0xFFFFu;
+  static Bits Mask(V a) { return static_cast<std::uint32_t>(_mm_movemask_epi8(a)); }
+  template <class T>
+  static Bits ZeroLanes(V key) { return Mask(Eq(key, Zero(), T{})); }
 };
 
 #if defined(__AVX2__)
@@ -55,8 +60,39 @@ struct Avx2 {
   static V Min(V a, V b, std::uint8_t) { return _mm256_min_epu8(a, b); }
   static V Min(V a, V b, std::uint16_t) { return _mm256_min_epu16(a, b); }
   static V Zero() { return _mm256_setzero_si256(); }
-  static constexpr std::uint32_t kFull = 0xFFFFFFFFu;
-  static std::uint32_t Mask(V a) { return static_cast<std::uint32_t>(_mm256_movemask_epi8(a)); }
+  static constexpr Bits kFull = 0xFFFFFFFFu;
+  static Bits Mask(V a) { return static_cast<std::uint32_t>(_mm256_movemask_epi8(a)); }
+  template <class T>
+  static Bits ZeroLanes(V key) { return Mask(Eq(key, Zero(), T{})); }
+};
+#endif
+
+#if defined(__AVX512BW__)
+// Compares land in mask registers here; Eq widens them back to lanes for the generic walks,
+// while ZeroLanes, the test of the hot loops, stays in mask form.
+struct Avx512 {
+  using V = __m512i;
+  static constexpr unsigned kBytes = 64;
+  BRELT_WHOLE_BLOCK_READS static V Load(const void* p) { return _mm512_loadu_si512(p); }
+  static V Splat(std::uint8_t v) { return _mm512_set1_epi8(static_cast<char>(v)); }
+  static V Splat(std::uint16_t v) { return _mm512_set1_epi16(static_cast<short>(v)); }
+  static V Eq(V a, V b, std::uint8_t) { return _mm512_movm_epi8(_mm512_cmpeq_epi8_mask(a, b)); }
+  static V Eq(V a, V b, std::uint16_t) {
+    return _mm512_movm_epi16(_mm512_cmpeq_epi16_mask(a, b));
+  }
+  static V Or(V a, V b) { return _mm512_or_si512(a, b); }
+  static V And(V a, V b) { return _mm512_and_si512(a, b); }
+  static V Xor(V a, V b) { return _mm512_xor_si512(a, b); }
+  static V Min(V a, V b, std::uint8_t) { return _mm512_min_epu8(a, b); }
+  static V Min(V a, V b, std::uint16_t) { return _mm512_min_epu16(a, b); }
+  static V Zero() { return _mm512_setzero_si512(); }
+  static constexpr Bits kFull = ~Bits{0};
+  static Bits Mask(V a) { return _mm512_movepi8_mask(a); }
+  template <class T>
+  static Bits ZeroLanes(V key) {
+    if constexpr (sizeof(T) == 1) return _mm512_testn_epi8_mask(key, key);
+    else return Mask(_mm512_movm_epi16(_mm512_testn_epi16_mask(key, key)));
+  }
 };
 #endif
 
@@ -129,8 +165,8 @@ BRELT_WHOLE_BLOCK_READS inline typename W::V LoadOnce(const std::uint8_t* at) {
 // One bit per byte of the block, set for the bytes of lanes that meet the test. 16-bit lanes
 // are judged whole: a key lane is zero only when both of its bytes are.
 template <class W, class T, class Test>
-inline std::uint32_t LaneHits(typename W::V key) {
-  const std::uint32_t zero = W::Mask(W::Eq(key, W::Zero(), T{}));
+inline Bits LaneHits(typename W::V key) {
+  const Bits zero = W::template ZeroLanes<T>(key);
   if constexpr (Test::kHitIsZero) return zero;
   else return ~zero & W::kFull;
 }
@@ -161,8 +197,8 @@ BRELT_WHOLE_BLOCK_READS inline std::uint64_t Forward(const T* p, std::uint64_t n
 
   // Bit j of a mask stands for byte `done + j` of the area once the first block is passed.
   auto hits = [&](const std::uint8_t* at) { return LaneHits<W, T, Test>(test.Key(W::Load(at))); };
-  if (std::uint32_t m = hits(block) >> skip) {
-    return element(static_cast<unsigned>(__builtin_ctz(m)));
+  if (Bits m = hits(block) >> skip) {
+    return element(static_cast<unsigned>(__builtin_ctzll(m)));
   }
   std::uint64_t done = B - skip;
   block += B;
@@ -175,8 +211,8 @@ BRELT_WHOLE_BLOCK_READS inline std::uint64_t Forward(const T* p, std::uint64_t n
     if (LaneHits<W, T, Test>(folded) != 0) break;
   }
   for (; done < bytes; done += B, block += B) {
-    if (std::uint32_t m = hits(block)) {
-      return element(done + static_cast<unsigned>(__builtin_ctz(m)));
+    if (Bits m = hits(block)) {
+      return element(done + static_cast<unsigned>(__builtin_ctzll(m)));
     }
   }
   return n;
@@ -202,16 +238,16 @@ BRELT_WHOLE_BLOCK_READS inline std::uint64_t Backward(const T* last, std::uint64
   auto passed = [&](const std::uint8_t* at) {
     return std::min<std::uint64_t>(static_cast<std::uint64_t>(end - 1 - at) / sizeof(T), n);
   };
-  auto top = [](std::uint32_t m) { return 31u - static_cast<unsigned>(__builtin_clz(m)); };
+  auto top = [](Bits m) { return 63u - static_cast<unsigned>(__builtin_clzll(m)); };
 
   auto hits = [&](const std::uint8_t* at) { return LaneHits<W, T, Test>(test.Key(W::Load(at))); };
-  std::uint32_t m = hits(block);
+  Bits m = hits(block);
   const unsigned valid = static_cast<unsigned>(end - block);  // 1..B bytes of the block
-  if (valid < 32) m &= (std::uint32_t{1} << valid) - 1;
+  if (valid < 64) m &= (Bits{1} << valid) - 1;
   if (m) return passed(block + top(m));
   std::uint64_t done = valid;
   for (block -= B; done < bytes; done += B, block -= B) {
-    if (std::uint32_t mm = hits(block)) return passed(block + top(mm));
+    if (Bits mm = hits(block)) return passed(block + top(mm));
   }
   return n;
 }
@@ -224,7 +260,7 @@ inline std::uint64_t Count(const T* p, std::uint64_t n, T v) {
   std::uint64_t lanes = 0;
   std::uint64_t i = 0;
   for (; n - i >= per; i += per) {
-    lanes += static_cast<unsigned>(__builtin_popcount(W::Mask(W::Eq(W::Load(p + i), want, T{}))));
+    lanes += static_cast<unsigned>(__builtin_popcountll(W::Mask(W::Eq(W::Load(p + i), want, T{}))));
   }
   std::uint64_t count = lanes / sizeof(T);
   for (; i < n; ++i) count += (p[i] == v);
@@ -236,7 +272,7 @@ inline std::uint64_t Count(const T* p, std::uint64_t n, T v) {
 template <class W>
 inline std::uint64_t Mismatch(const std::uint8_t* a, const std::uint8_t* b, std::uint64_t n) {
   constexpr unsigned B = W::kBytes;
-  constexpr std::uint32_t kAll = B == 32 ? 0xFFFFFFFFu : 0xFFFFu;
+  constexpr Bits kAll = W::kFull;
   std::uint64_t i = 0;
   for (; n - i >= 4 * B; i += 4 * B) {
     auto e0 = W::Eq(W::Load(a + i), W::Load(b + i), std::uint8_t{});
@@ -246,8 +282,8 @@ inline std::uint64_t Mismatch(const std::uint8_t* a, const std::uint8_t* b, std:
     if (W::Mask(W::And(W::And(e0, e1), W::And(e2, e3))) != kAll) break;
   }
   for (; n - i >= B; i += B) {
-    const std::uint32_t same = W::Mask(W::Eq(W::Load(a + i), W::Load(b + i), std::uint8_t{}));
-    if (same != kAll) return i + static_cast<unsigned>(__builtin_ctz(~same));
+    const Bits same = W::Mask(W::Eq(W::Load(a + i), W::Load(b + i), std::uint8_t{}));
+    if (same != kAll) return i + static_cast<unsigned>(__builtin_ctzll(~same));
   }
   for (; i < n; ++i) {
     if (a[i] != b[i]) return i;

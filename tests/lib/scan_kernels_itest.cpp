@@ -1,0 +1,145 @@
+// Every kernel table this CPU can run, against element-by-element walks: lengths around the
+// block and unroll sizes, every start offset within a block, areas flush against guard pages
+// on the side the walk moves towards.
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "guarded_array.h"
+#include "lib/scan_kernels_table.h"
+
+namespace {
+
+using brelt::scan::Kernels;
+using brelt::test::GuardedArray;
+using brelt::test::GuardSide;
+
+struct Table {
+  const char* name;
+  const Kernels* kernels;
+};
+
+std::vector<Table> Runnable() {
+  std::vector<Table> tables{{"sse2", &brelt::scan::kSse2Kernels}};
+  __builtin_cpu_init();
+  if (__builtin_cpu_supports("avx2")) tables.push_back({"avx2", &brelt::scan::kAvx2Kernels});
+  if (__builtin_cpu_supports("avx512bw")) {
+    tables.push_back({"avx512", &brelt::scan::kAvx512Kernels});
+  }
+  return tables;
+}
+
+template <class T>
+struct Reference {
+  static std::uint64_t Find(const T* p, std::uint64_t n, bool (*hit)(T, T, T), T a, T b) {
+    for (std::uint64_t i = 0; i < n; ++i) {
+      if (hit(p[i], a, b)) return i;
+    }
+    return n;
+  }
+  static std::uint64_t Back(const T* last, std::uint64_t n, bool (*hit)(T, T, T), T a, T b) {
+    for (std::uint64_t i = 0; i < n; ++i) {
+      if (hit(*(last - i), a, b)) return i;
+    }
+    return n;
+  }
+};
+
+template <class T>
+bool Eq(T x, T a, T) { return x == a; }
+template <class T>
+bool Ne(T x, T a, T) { return x != a; }
+template <class T>
+bool Either(T x, T a, T b) { return x == a || x == b; }
+
+template <class T>
+struct Entries {
+  using Scan = std::uint64_t (*)(const T*, std::uint64_t, T);
+  Scan eq, ne, eq_back, ne_back, count;
+  std::uint64_t (*either)(const T*, std::uint64_t, T, T);
+};
+
+Entries<std::uint8_t> Of8(const Kernels& k) {
+  return {k.find_eq8, k.find_ne8, k.find_eq_back8, k.find_ne_back8, k.count_eq8, k.find_either8};
+}
+Entries<std::uint16_t> Of16(const Kernels& k) {
+  return {k.find_eq16,  k.find_ne16,  k.find_eq_back16,
+          k.find_ne_back16, k.count_eq16, k.find_either16};
+}
+
+std::vector<std::uint64_t> Lengths() {
+  std::vector<std::uint64_t> n;
+  for (std::uint64_t i = 0; i <= 70; ++i) n.push_back(i);
+  for (std::uint64_t i : {127u, 128u, 129u, 255u, 256u, 257u, 300u, 511u, 512u, 513u, 777u, 1024u,
+                          1025u, 2100u}) {
+    n.push_back(i);
+  }
+  return n;
+}
+
+template <class T>
+void Check(const Table& table, Entries<T> k, std::mt19937& rng) {
+  using R = Reference<T>;
+  for (std::uint64_t n : Lengths()) {
+    for (std::uint64_t offset : {0u, 1u, 7u, 31u, 33u}) {
+      // Walks up get a guard behind the area, walks down one in front of it.
+      GuardedArray<T> up(n + offset, GuardSide::kBack), down(n + offset, GuardSide::kFront);
+      const T* p = up.data() + offset;
+      const T* last = down.data() + n - 1;
+      for (int trial = 0; trial < 3; ++trial) {
+        // Mostly one value, with a few others (zero among them) at random places, so that
+        // the first hit lands anywhere, including in the last lanes.
+        const T base = static_cast<T>(5);
+        for (std::uint64_t i = 0; i < n + offset; ++i) {
+          const unsigned r = static_cast<unsigned>(rng() % (n + 8));
+          const T v = r == 0 ? T{0} : r == 1 ? static_cast<T>(9) : r == 2 ? static_cast<T>(0xA5) : base;
+          up[i] = v;
+          down[i] = v;
+        }
+        const std::string at = std::string(table.name) + " n=" + std::to_string(n) +
+                               " offset=" + std::to_string(offset);
+        for (T v : {T{0}, base, static_cast<T>(9), static_cast<T>(0xA5)}) {
+          ASSERT_EQ(k.eq(p, n, v), R::Find(p, n, Eq<T>, v, v)) << at;
+          ASSERT_EQ(k.ne(p, n, v), R::Find(p, n, Ne<T>, v, v)) << at;
+          ASSERT_EQ(k.either(p, n, T{0}, v), R::Find(p, n, Either<T>, T{0}, v)) << at;
+          ASSERT_EQ(k.either(p, n, static_cast<T>(9), v), R::Find(p, n, Either<T>, T(9), v)) << at;
+          if (n > 0) {
+            ASSERT_EQ(k.eq_back(last, n, v), R::Back(last, n, Eq<T>, v, v)) << at;
+            ASSERT_EQ(k.ne_back(last, n, v), R::Back(last, n, Ne<T>, v, v)) << at;
+          }
+          std::uint64_t count = 0;
+          for (std::uint64_t i = 0; i < n; ++i) count += p[i] == v;
+          ASSERT_EQ(k.count(p, n, v), count) << at;
+        }
+      }
+    }
+  }
+}
+
+TEST(ScanKernels, EveryTableAgreesWithPlainWalks) {
+  std::mt19937 rng(2024);
+  for (const Table& t : Runnable()) {
+    Check<std::uint8_t>(t, Of8(*t.kernels), rng);
+    Check<std::uint16_t>(t, Of16(*t.kernels), rng);
+  }
+}
+
+TEST(ScanKernels, FirstDifferenceAtEveryPlace) {
+  for (const Table& t : Runnable()) {
+    for (std::uint64_t n : {0u, 1u, 15u, 16u, 63u, 64u, 65u, 200u, 256u, 257u, 1000u}) {
+      GuardedArray<std::uint8_t> a(n), b(n);
+      for (std::uint64_t i = 0; i < n; ++i) a[i] = b[i] = static_cast<std::uint8_t>(i * 13);
+      ASSERT_EQ(t.kernels->first_difference(a.data(), b.data(), n), n) << t.name;
+      for (std::uint64_t at = 0; at < n; at += (n > 100 ? 7 : 1)) {
+        b[at] = static_cast<std::uint8_t>(b[at] + 1);
+        ASSERT_EQ(t.kernels->first_difference(a.data(), b.data(), n), at) << t.name << " n=" << n;
+        b[at] = a[at];
+      }
+    }
+  }
+}
+
+}  // namespace
