@@ -3,4 +3,5 @@
 
 #include <brelt/config.h>
 #include <brelt/lib.h>
+#include <brelt/storage.h>
 #include <brelt/str.h>

@@ -6,9 +6,12 @@
 // FIOR and MATHLIB need no step: their state is complete as loaded.
 #include "startup.h"
 
+#include "brelt/storage.h"
+
 namespace brelt::frame {
 
 void RunStartup() {
+  Storage::InitModule();
 }
 
 }  // namespace brelt::frame
