@@ -324,12 +324,14 @@ TEST(StrEditW, WholeUnitsNotLowBytes) {
   s[0] = u'a';
   s[1] = u'b';
   s[2] = 0;
-  WChar pat[1] = {0x0162};  // low byte 'b'
-  WChar repl[1] = {u'X'};
-  Str::SubstW(s.high(), s.data(), 0, pat, 0, repl);
+  auto pat = GuardedArray<WChar>(1);
+  auto repl = GuardedArray<WChar>(1);
+  pat[0] = 0x0162;  // low byte 'b'
+  repl[0] = u'X';
+  Str::SubstW(s.high(), s.data(), 0, pat.data(), 0, repl.data());
   EXPECT_EQ(s[1], u'b');
   pat[0] = u'b';
-  Str::SubstW(s.high(), s.data(), 0, pat, 0, repl);
+  Str::SubstW(s.high(), s.data(), 0, pat.data(), 0, repl.data());
   EXPECT_EQ(s[1], u'X');
 
   auto p = GuardedArray<WChar>(3);
