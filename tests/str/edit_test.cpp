@@ -31,6 +31,7 @@ struct Twin<char> {
   static constexpr auto Trim = Str::TrimA;
   static constexpr auto LPadCh = Str::LPadChA;
   static constexpr auto RPadCh = Str::RPadChA;
+  static constexpr auto Append = Str::AppendA;
 };
 template <>
 struct Twin<WChar> {
@@ -44,6 +45,7 @@ struct Twin<WChar> {
   static constexpr auto Trim = Str::TrimW;
   static constexpr auto LPadCh = Str::LPadChW;
   static constexpr auto RPadCh = Str::RPadChW;
+  static constexpr auto Append = Str::AppendW;
 };
 
 template <class T>
@@ -265,6 +267,32 @@ TYPED_TEST(StrEdit, Pads) {
     auto rp = TestFixture::Array(r.s, r.size);
     TestFixture::Ops::RPadCh(rp.high(), rp.data(), r.width, ch);
     EXPECT_EQ(TestFixture::Stored(rp), r.rPad) << "RPadCh of " << r.s << " to " << r.width;
+  }
+}
+
+// The pads give what padding one character at a time gives, with Prepend and the core's
+// Append, over every text length, width and array size up to 6, bytes behind the text included.
+TYPED_TEST(StrEdit, PadsMatchOneCharacterAtATime) {
+  using T = TypeParam;
+  auto pad = TestFixture::Source("*");
+  for (std::size_t size = 1; size <= 6; ++size) {
+    for (std::size_t len = 0; len < size; ++len) {
+      for (unsigned width = 0; width <= size + 1; ++width) {
+        std::string text(len, 'a');
+        text += '\0';
+        text += std::string(size - len - 1, 'z');
+        auto l = TestFixture::Array(text), lWant = TestFixture::Array(text);
+        auto r = TestFixture::Array(text), rWant = TestFixture::Array(text);
+        TestFixture::Ops::LPadCh(l.high(), l.data(), width, T{'*'});
+        TestFixture::Ops::RPadCh(r.high(), r.data(), width, T{'*'});
+        for (std::size_t n = len; n < width && n < size; ++n) {
+          TestFixture::Ops::Prepend(lWant.high(), lWant.data(), pad.high(), pad.data());
+          TestFixture::Ops::Append(rWant.high(), rWant.data(), pad.high(), pad.data());
+        }
+        EXPECT_EQ(TestFixture::Stored(l), TestFixture::Stored(lWant)) << len << "/" << width;
+        EXPECT_EQ(TestFixture::Stored(r), TestFixture::Stored(rWant)) << len << "/" << width;
+      }
+    }
   }
 }
 
