@@ -5,4 +5,5 @@
 #include <brelt/lib.h>
 #include <brelt/os.h>
 #include <brelt/seh.h>
+#include <brelt/storage.h>
 #include <brelt/str.h>

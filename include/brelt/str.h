@@ -2,3 +2,4 @@
 #pragma once
 
 #include <brelt/str/core.h>
+#include <brelt/str/edit.h>

@@ -8,11 +8,13 @@
 
 #include "brelt/os.h"
 #include "brelt/seh.h"
+#include "brelt/storage.h"
 
 namespace brelt::frame {
 
 void RunStartup() {
   SEH::InitModule();
+  Storage::InitModule();
   os::__INIT();
 }
 
