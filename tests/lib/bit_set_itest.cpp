@@ -25,7 +25,12 @@ TEST(SetIn, BitOrderAndBound) {
   Bytes seps(32, 0);
   seps[1] = 0x26, seps[3] = 0x04, seps[4] = 0x01;
   const auto a = SetOf(seps), b = SetOf(Bytes(16, 0xFF));
-  struct Row { std::uint32_t k; const unsigned char* set; std::uint32_t size; unsigned char want; };
+  struct Row {
+    std::uint32_t k;
+    const unsigned char* set;
+    std::uint32_t size;
+    unsigned char want;
+  };
   const Row rows[] = {{9, a.data(), 32, 1},   {10, a.data(), 32, 1},  {13, a.data(), 32, 1},
                       {26, a.data(), 32, 1},  {32, a.data(), 32, 1},  {65, a.data(), 32, 0},
                       {11, a.data(), 32, 0},  {33, a.data(), 32, 0},  {127, b.data(), 16, 1},

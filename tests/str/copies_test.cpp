@@ -67,7 +67,12 @@ TYPED_TEST(Copies, RoomRulesAndBounds) {
 
 // In place: each element is read and stored where it stands.
 TYPED_TEST(Copies, TerminatedOntoItsOwnArray) {
-  struct Row { std::string_view text; unsigned srcHigh; unsigned char result; std::string_view after; };
+  struct Row {
+    std::string_view text;
+    unsigned srcHigh;
+    unsigned char result;
+    std::string_view after;
+  };
   const Row rows[] = {{"abc", 2, 0, "abc"}, {std::string_view("ab\0#", 4), 3, 1, "ab0#"},
                       {"abcd", 1, 1, "ab0d"}};
   for (const Row& r : rows) {

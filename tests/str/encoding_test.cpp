@@ -77,7 +77,13 @@ TEST(A2U, BoundedResultOrEmpty) { RunBounded(Str::A2U, Str::C_A2U); }
 TEST(U2A, BoundedResultOrEmpty) { RunBounded(Str::U2A, Str::C_U2A); }
 
 // Source, capacity in *dstLen, null dst?, then *dstLen and a dst of 6 ("" not checked).
-struct PointerRow { std::string_view src; unsigned cap; bool nullDst; unsigned len; std::string_view after; };
+struct PointerRow {
+  std::string_view src;
+  unsigned cap;
+  bool nullDst;
+  unsigned len;
+  std::string_view after;
+};
 const PointerRow kPointer[] = {
     {"abc", 0, true, 3, ""},        {"abc", 0, false, 3, "######"},  // sizing calls
     {"abc", 4, false, 3, "abc0##"}, {"abc", 3, false, 3, "abc###"},  // just fits: no NUL

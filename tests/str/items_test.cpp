@@ -49,7 +49,12 @@ TYPED_TEST_SUITE(Items, Twins);
 // dst afterwards: '0' for a NUL, '#' for an element left alone.
 TYPED_TEST(Items, BothFormsPickTheNthRun) {
   using Ops = Twin<TypeParam>;
-  struct Row { std::string_view src, seps; std::size_t dstSize; unsigned index; std::string_view after; };
+  struct Row {
+    std::string_view src, seps;
+    std::size_t dstSize;
+    unsigned index;
+    std::string_view after;
+  };
   const std::string_view ex = " one,, two ;three";
   const Row rows[] = {
       {ex, " ,;", 8, 0, "one0####"}, {ex, " ,;", 8, 1, "two0####"}, {ex, " ,;", 8, 2, "three0##"},
