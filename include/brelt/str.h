@@ -2,3 +2,5 @@
 #pragma once
 
 #include <brelt/str/core.h>
+#include <brelt/str/case.h>
+#include <brelt/str/match.h>

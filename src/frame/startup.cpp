@@ -6,9 +6,12 @@
 // FIOR and MATHLIB need no step: their state is complete as loaded.
 #include "startup.h"
 
+#include "brelt/str/case.h"
+
 namespace brelt::frame {
 
 void RunStartup() {
+  Str::InitModule();  // 6
 }
 
 }  // namespace brelt::frame
