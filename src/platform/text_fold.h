@@ -13,6 +13,10 @@ namespace brelt::platform {
 void UpperBuffA(char* s, std::uint64_t n);
 void LowerBuffA(char* s, std::uint64_t n);
 
+// One 8-bit character, as the counted folds would fold a buffer holding only it.
+char UpperCharA(char ch);
+char LowerCharA(char ch);
+
 // One 16-bit character; a character without a partner comes back unchanged.
 WChar UpperW(WChar ch);
 WChar LowerW(WChar ch);

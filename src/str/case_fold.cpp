@@ -30,10 +30,7 @@ void FoldW(unsigned int high, WChar* s, void (*foldString)(WChar*), WChar (*fold
 namespace Str {
 
 char CapA(char ch) { return brelt::str::FoldUpper(ch); }
-char LowA(char ch) {
-  platform::LowerBuffA(&ch, 1);
-  return ch;
-}
+char LowA(char ch) { return platform::LowerCharA(ch); }
 WChar CapW(WChar ch) { return platform::UpperW(ch); }
 WChar LowW(WChar ch) { return platform::LowerW(ch); }
 

@@ -1,5 +1,5 @@
 // The one-character upper-case fold of each width, shared by the folds, the matchers and the
-// sub-string walk: 8-bit through the code page's counted fold, 16-bit through the runtime's.
+// sub-string walk: 8-bit under the system's code page, 16-bit through the runtime's fold.
 #pragma once
 
 #include "brelt/config.h"
@@ -7,10 +7,7 @@
 
 namespace brelt::str {
 
-inline char FoldUpper(char ch) {
-  platform::UpperBuffA(&ch, 1);
-  return ch;
-}
+inline char FoldUpper(char ch) { return platform::UpperCharA(ch); }
 inline WChar FoldUpper(WChar ch) { return platform::UpperW(ch); }
 
 // Equal under the fold. Equal codes need no fold, since folding is a function of the code.

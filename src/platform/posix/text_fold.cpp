@@ -105,6 +105,20 @@ void Fold(char* text, std::uint64_t n, const ByteMap& page1252, char16_t (*fold)
 void UpperBuffA(char* s, std::uint64_t n) { Fold(s, n, Upper1252(), posix::SimpleUpper); }
 void LowerBuffA(char* s, std::uint64_t n) { Fold(s, n, Lower1252(), posix::SimpleLower); }
 
+// A lone byte above 0x7F is never a whole UTF-8 character, so only ASCII folds there.
+char UpperCharA(char ch) {
+  const auto b = static_cast<unsigned char>(ch);
+  if (b < 0x80) return (b >= 'a' && b <= 'z') ? static_cast<char>(b - 32) : ch;
+  if (posix::ActiveCodePage() == CodePage::kUtf8) return ch;
+  return static_cast<char>(Upper1252()[b]);
+}
+char LowerCharA(char ch) {
+  const auto b = static_cast<unsigned char>(ch);
+  if (b < 0x80) return (b >= 'A' && b <= 'Z') ? static_cast<char>(b + 32) : ch;
+  if (posix::ActiveCodePage() == CodePage::kUtf8) return ch;
+  return static_cast<char>(Lower1252()[b]);
+}
+
 WChar UpperW(WChar ch) { return posix::SimpleUpper(ch); }
 WChar LowerW(WChar ch) { return posix::SimpleLower(ch); }
 

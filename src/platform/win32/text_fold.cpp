@@ -26,6 +26,15 @@ void InSlices(char* s, std::uint64_t n, Fold fold) {
 void UpperBuffA(char* s, std::uint64_t n) { InSlices(s, n, CharUpperBuffA); }
 void LowerBuffA(char* s, std::uint64_t n) { InSlices(s, n, CharLowerBuffA); }
 
+char UpperCharA(char ch) {
+  CharUpperBuffA(&ch, 1);
+  return ch;
+}
+char LowerCharA(char ch) {
+  CharLowerBuffA(&ch, 1);
+  return ch;
+}
+
 WChar UpperW(WChar ch) { return static_cast<WChar>(std::towupper(ch)); }
 WChar LowerW(WChar ch) { return static_cast<WChar>(std::towlower(ch)); }
 

@@ -75,6 +75,19 @@ TEST_F(PosixFold, Utf8KeepsEveryLength) {
   }
 }
 
+TEST_F(PosixFold, OneCharacterFoldEqualsTheCountedFold) {
+  for (CodePage page : {CodePage::kWindows1252, CodePage::kUtf8}) {
+    posix::SelectCodePage(page);
+    for (int b = 0; b < 256; ++b) {
+      char up = static_cast<char>(b), low = static_cast<char>(b);
+      UpperBuffA(&up, 1);
+      LowerBuffA(&low, 1);
+      ASSERT_EQ(UpperCharA(static_cast<char>(b)), up) << b;
+      ASSERT_EQ(LowerCharA(static_cast<char>(b)), low) << b;
+    }
+  }
+}
+
 TEST_F(PosixFold, StrOperationsFollowThePage) {
   posix::SelectCodePage(CodePage::kWindows1252);
   EXPECT_EQ(static_cast<unsigned char>(Str::CapA('\xE9')), 0xC9);
