@@ -101,6 +101,11 @@ TYPED_TEST(Wildcards, MatchBoundsOfAllOnesAreNoBound) {
   auto q = TestFixture::Array(std::string_view("a*d\0", 4));
   EXPECT_EQ(TestFixture::Ops::Match(0xFFFFFFFFu, s.data(), 0xFFFFFFFFu, p.data()), 1);
   EXPECT_EQ(TestFixture::Ops::MatchCS(0xFFFFFFFFu, s.data(), 0xFFFFFFFFu, q.data()), 0);
+  // A bound below the NUL ends the text (and the pattern) there.
+  EXPECT_EQ(TestFixture::Ops::Match(1, s.data(), 0xFFFFFFFFu, p.data()), 0);
+  auto ab = TestFixture::Array("ab");
+  EXPECT_EQ(TestFixture::Ops::Match(1, s.data(), ab.high(), ab.data()), 1);
+  EXPECT_EQ(TestFixture::Ops::MatchCS(2, s.data(), 1, p.data()), 1);  // "a*" is trailing
 }
 
 TEST(MatchW, FoldsBeyondAscii) {
@@ -272,19 +277,38 @@ TYPED_TEST(Wildcards, FindSubStrAtTheEdgesOfFullArrays) {
   EXPECT_EQ(res[0].len, 1u);
 }
 
+TYPED_TEST(Wildcards, FindSubStrFillSizeIsFormedIn32Bits) {
+  // resHigh 0xFFFFFFFF gives a fill of 0 bytes: the one record behind the guard stays as it
+  // was, and a walk that notes nothing writes nothing.
+  Records res(1);
+  res[0] = {7, 9};
+  auto s = TestFixture::Array("abc");
+  auto p = TestFixture::Array("abc");
+  EXPECT_EQ(TestFixture::Ops::FindSubStr(s.high(), s.data(), p.high(), p.data(), 0xFFFFFFFFu,
+                                         res.data()),
+            1);
+  EXPECT_EQ(res[0].pos, 7u);
+  EXPECT_EQ(res[0].len, 9u);
+  // A fill that was formed from a 32-bit high bound of 0 covers exactly one record.
+  EXPECT_EQ(TestFixture::Ops::FindSubStr(s.high(), s.data(), p.high(), p.data(), 0, res.data()),
+            1);
+  EXPECT_EQ(res[0].pos, kUnset);
+  EXPECT_EQ(res[0].len, kUnset);
+}
+
 TEST(FindSubStrW, FoldsLaterCharactersBeyondAscii) {
   const std::basic_string<WChar> text = {'x', 0x00E9, 0x044F};
   const std::basic_string<WChar> pat = {'x', 0x00C9, 0x042F};
   GuardedArray<WChar> s{std::basic_string_view<WChar>(text)};
   GuardedArray<WChar> p{std::basic_string_view<WChar>(pat)};
-  PosLen res[1];
-  EXPECT_EQ(Str::FindSubStrW(s.high(), s.data(), p.high(), p.data(), 0, res), 1);
+  Records res(1);
+  EXPECT_EQ(Str::FindSubStrW(s.high(), s.data(), p.high(), p.data(), 0, res.data()), 1);
   // The first character is never folded.
   const std::basic_string<WChar> upperFirst = {0x00C9, 'x'};
   const std::basic_string<WChar> lowerFirst = {0x00E9, 'x'};
   GuardedArray<WChar> s2{std::basic_string_view<WChar>(lowerFirst)};
   GuardedArray<WChar> p2{std::basic_string_view<WChar>(upperFirst)};
-  EXPECT_EQ(Str::FindSubStrW(s2.high(), s2.data(), p2.high(), p2.data(), 0, res), 0);
+  EXPECT_EQ(Str::FindSubStrW(s2.high(), s2.data(), p2.high(), p2.data(), 0, res.data()), 0);
 }
 
 }  // namespace

@@ -15,14 +15,17 @@ namespace {
 using brelt::test::GuardedArray;
 
 TEST(Win32Fold, EightBitFoldsUnderWindows1252) {
-  if (GetACP() != 1252) GTEST_SKIP() << "the rows are Windows-1252 bytes; this code page is " << GetACP();
+  if (GetACP() != 1252) {
+    GTEST_SKIP() << "the rows are Windows-1252 bytes; this code page is " << GetACP();
+  }
   struct Row {
     unsigned char in, upper, lower;
   } rows[] = {{0xE9, 0xC9, 0xE9}, {0xC9, 0xC9, 0xE9}, {0x9A, 0x8A, 0x9A},
               {0xFF, 0x9F, 0xFF}, {0xD7, 0xD7, 0xD7}, {'a', 'A', 'a'}};
   for (const Row& r : rows) {
-    EXPECT_EQ(static_cast<unsigned char>(Str::CapA(static_cast<char>(r.in))), r.upper) << int(r.in);
-    EXPECT_EQ(static_cast<unsigned char>(Str::LowA(static_cast<char>(r.in))), r.lower) << int(r.in);
+    const char in = static_cast<char>(r.in);
+    EXPECT_EQ(static_cast<unsigned char>(Str::CapA(in)), r.upper) << int(r.in);
+    EXPECT_EQ(static_cast<unsigned char>(Str::LowA(in)), r.lower) << int(r.in);
   }
   // The counted fold passes over a NUL.
   GuardedArray<char> s(std::string_view("\xE9\0\xE9", 3));
@@ -35,7 +38,9 @@ TEST(Win32Fold, EightBitFoldsUnderWindows1252) {
 }
 
 TEST(Win32Fold, OrderingSetsAccentsBehindLetters) {
-  if (GetACP() != 1252) GTEST_SKIP() << "the rows are Windows-1252 bytes; this code page is " << GetACP();
+  if (GetACP() != 1252) {
+    GTEST_SKIP() << "the rows are Windows-1252 bytes; this code page is " << GetACP();
+  }
   using brelt::platform::CollateA;
   EXPECT_EQ(CollateA("e", 1, "\xE9", 1, false), 1);
   EXPECT_EQ(CollateA("\xE9", 1, "f", 1, false), 1);
