@@ -9,6 +9,7 @@
 #include "brelt/os.h"
 #include "brelt/seh.h"
 #include "brelt/storage.h"
+#include "brelt/str.h"
 
 namespace brelt::frame {
 
@@ -16,6 +17,7 @@ void RunStartup() {
   SEH::InitModule();
   Storage::InitModule();
   os::__INIT();
+  Str::InitModule();
 }
 
 }  // namespace brelt::frame

@@ -1,0 +1,159 @@
+// The POSIX folds and ordering under both 8-bit code pages, and what the Str operations make
+// of them. Each test pins its page and gives back the one start-up chose.
+#include <brelt/str.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+
+#include "guarded_array.h"
+#include "platform/collate.h"
+#include "platform/posix/code_page.h"
+#include "platform/text_fold.h"
+
+namespace {
+
+using namespace brelt::platform;
+using brelt::test::GuardedArray;
+using posix::CodePage;
+
+class PosixFold : public testing::Test {
+ protected:
+  void TearDown() override { posix::SelectCodePage(saved_); }
+  std::string Upper(std::string_view text) {
+    GuardedArray<char> s(text);
+    UpperBuffA(s.data(), s.size());
+    return std::string(s.data(), s.size());
+  }
+  std::string Lower(std::string_view text) {
+    GuardedArray<char> s(text);
+    LowerBuffA(s.data(), s.size());
+    return std::string(s.data(), s.size());
+  }
+  CodePage saved_ = posix::ActiveCodePage();
+};
+
+TEST_F(PosixFold, Windows1252PairsOnThePageOnly) {
+  posix::SelectCodePage(CodePage::kWindows1252);
+  struct Row {
+    std::string_view in, upper, lower;
+  } rows[] = {
+      {"\xE9", "\xC9", "\xE9"},          // e acute
+      {"\xFF", "\x9F", "\xFF"},          // y diaeresis and its capital in the 0x80 row
+      {"\x9A\x8A", "\x8A\x8A", "\x9A\x9A"},  // s caron
+      {"\x9C", "\x8C", "\x9C"},          // oe
+      {"\xB5", "\xB5", "\xB5"},          // micro: its capital is not on the page
+      {"\xDF", "\xDF", "\xDF"},          // sharp s has no single capital
+      {"\xD7\xF7", "\xD7\xF7", "\xD7\xF7"},  // the two signs have no case
+      {std::string_view("a\0b", 3), std::string_view("A\0B", 3), std::string_view("a\0b", 3)},
+  };
+  for (const Row& r : rows) {
+    EXPECT_EQ(Upper(r.in), r.upper);
+    EXPECT_EQ(Lower(r.in), r.lower);
+  }
+}
+
+TEST_F(PosixFold, Utf8KeepsEveryLength) {
+  posix::SelectCodePage(CodePage::kUtf8);
+  struct Row {
+    std::string_view in, upper, lower;
+  } rows[] = {
+      {"\xC3\xA9", "\xC3\x89", "\xC3\xA9"},              // e acute, two bytes both ways
+      {"\xD1\x8F", "\xD0\xAF", "\xD1\x8F"},              // Cyrillic ya
+      {"\xE1\xBA\xA1", "\xE1\xBA\xA0", "\xE1\xBA\xA1"},  // a dot below, three bytes
+      {"\xC4\xB1", "\xC4\xB1", "\xC4\xB1"},              // dotless i: 'I' would be shorter
+      {"\xE2\x84\xAA", "\xE2\x84\xAA", "\xE2\x84\xAA"},  // Kelvin sign: 'k' would be shorter
+      {"\xC3", "\xC3", "\xC3"},                          // a cut sequence stays
+      {"\xA9x", "\xA9X", "\xA9x"},                       // a stray continuation byte
+      {"\xF0\x9F\x98\x80z", "\xF0\x9F\x98\x80Z", "\xF0\x9F\x98\x80z"},  // beyond 16 bits
+      {std::string_view("\xC3\xA9\0\xC3\xA9", 5), std::string_view("\xC3\x89\0\xC3\x89", 5),
+       std::string_view("\xC3\xA9\0\xC3\xA9", 5)},
+  };
+  for (const Row& r : rows) {
+    EXPECT_EQ(Upper(r.in), r.upper);
+    EXPECT_EQ(Lower(r.in), r.lower);
+  }
+}
+
+TEST_F(PosixFold, OneCharacterFoldEqualsTheCountedFold) {
+  for (CodePage page : {CodePage::kWindows1252, CodePage::kUtf8}) {
+    posix::SelectCodePage(page);
+    for (int b = 0; b < 256; ++b) {
+      char up = static_cast<char>(b), low = static_cast<char>(b);
+      UpperBuffA(&up, 1);
+      LowerBuffA(&low, 1);
+      ASSERT_EQ(UpperCharA(static_cast<char>(b)), up) << b;
+      ASSERT_EQ(LowerCharA(static_cast<char>(b)), low) << b;
+    }
+  }
+}
+
+TEST_F(PosixFold, StrOperationsFollowThePage) {
+  posix::SelectCodePage(CodePage::kWindows1252);
+  EXPECT_EQ(static_cast<unsigned char>(Str::CapA('\xE9')), 0xC9);
+  EXPECT_EQ(static_cast<unsigned char>(Str::LowA('\x8A')), 0x9A);
+  GuardedArray<char> s(std::string_view("\xE9t\xE9"));
+  GuardedArray<char> p(std::string_view("\xC9T?"));
+  EXPECT_EQ(Str::MatchA(s.high(), s.data(), p.high(), p.data()), 1);
+  EXPECT_EQ(Str::MatchCSA(s.high(), s.data(), p.high(), p.data()), 0);
+  Str::CapsA(s.high(), s.data());
+  EXPECT_EQ(std::string(s.data(), 3), "\xC9T\xC9");
+
+  // The same byte is half a character in UTF-8 and stays.
+  posix::SelectCodePage(CodePage::kUtf8);
+  EXPECT_EQ(static_cast<unsigned char>(Str::CapA('\xE9')), 0xE9);
+  GuardedArray<char> u(std::string_view("\xC3\xA9t"));
+  GuardedArray<char> q(std::string_view("\xC3\x89T"));
+  // The matcher folds one byte at a time, so a two-byte character meets only its own bytes.
+  EXPECT_EQ(Str::MatchA(u.high(), u.data(), q.high(), q.data()), 0);
+  GuardedArray<char> r(std::string_view("\xC3\xA9T"));
+  EXPECT_EQ(Str::MatchA(u.high(), u.data(), r.high(), r.data()), 1);
+}
+
+TEST_F(PosixFold, SixteenBitFoldsBothWays) {
+  struct Row {
+    char16_t in, upper, lower;
+  } rows[] = {{u'a', u'A', u'a'},       {0x00E0, 0x00C0, 0x00E0}, {0x0101, 0x0100, 0x0101},
+              {0x0100, 0x0100, 0x0101}, {0x01C5, 0x01C4, 0x01C6}, {0x03C2, 0x03A3, 0x03C2},
+              {0x1E9E, 0x1E9E, 0x00DF}, {0xFF41, 0xFF21, 0xFF41}, {0xD800, 0xD800, 0xD800},
+              {0x0130, 0x0130, 0x0130}};  // capital I dot: its lower case is two characters
+  for (const Row& r : rows) {
+    EXPECT_EQ(UpperW(r.in), r.upper) << std::hex << int(r.in);
+    EXPECT_EQ(LowerW(r.in), r.lower) << std::hex << int(r.in);
+  }
+  GuardedArray<char16_t> text(std::u16string_view(u"\u00e9a\u0416", 4));
+  UpperStringW(text.data());
+  EXPECT_EQ(std::u16string_view(text.data(), 4), std::u16string_view(u"\u00c9A\u0416", 4));
+  LowerStringW(text.data());
+  EXPECT_EQ(std::u16string_view(text.data(), 4), std::u16string_view(u"\u00e9a\u0436", 4));
+}
+
+TEST_F(PosixFold, OrderingSetsAccentsAndCaseBehindLetters) {
+  struct Row {
+    std::string_view a, b;
+    int withCase, withoutCase;
+  } rows[] = {
+      {"e", "\xC3\xA9", 1, 1},                  // e before e acute
+      {"\xC3\xA9", "f", 1, 1},                  // e acute before f
+      {"\xC3\xA9", "\xC3\x89", 1, 2},           // lower before upper, equal without case
+      {"resume", "r\xC3\xA9sum\xC3\xA9", 1, 1},
+      {"r\xC3\xA9sum\xC3\xA9", "resumf", 1, 1},  // letters decide before accents
+      {"abc", "abc", 2, 2},
+      {"a-b", "a1b", 1, 1},
+  };
+  posix::SelectCodePage(CodePage::kUtf8);
+  for (const Row& r : rows) {
+    const auto la = static_cast<std::uint32_t>(r.a.size());
+    const auto lb = static_cast<std::uint32_t>(r.b.size());
+    EXPECT_EQ(CollateA(r.a.data(), la, r.b.data(), lb, false), r.withCase) << r.a << "|" << r.b;
+    EXPECT_EQ(CollateA(r.a.data(), la, r.b.data(), lb, true), r.withoutCase) << r.a << "|" << r.b;
+    EXPECT_EQ(CollateA(r.b.data(), lb, r.a.data(), la, false), 4 - r.withCase);
+  }
+  // The same order for the same letters in Windows-1252.
+  posix::SelectCodePage(CodePage::kWindows1252);
+  EXPECT_EQ(CollateA("e", 1, "\xE9", 1, false), 1);
+  EXPECT_EQ(CollateA("\xE9", 1, "f", 1, false), 1);
+  EXPECT_EQ(CollateA("\xE9", 1, "\xC9", 1, true), 2);
+}
+
+}  // namespace
