@@ -1,6 +1,6 @@
 // Every kernel table this CPU can run, against element-by-element walks: lengths around the
-// block and unroll sizes, every start offset within a block, areas flush against guard pages
-// on the side the walk moves towards.
+// block and unroll sizes, start offsets within a block, areas flush against guard pages on the
+// side the walk moves towards.
 #include <gtest/gtest.h>
 
 #include <cstdint>
@@ -13,47 +13,29 @@
 
 namespace {
 
-using brelt::scan::Kernels;
+namespace scan = brelt::scan;
+using scan::Kernels;
 using brelt::test::GuardedArray;
 using brelt::test::GuardSide;
 
-struct Table {
-  const char* name;
-  const Kernels* kernels;
-};
+struct Table { const char* name; const Kernels* kernels; };
 
 std::vector<Table> Runnable() {
-  std::vector<Table> tables{{"sse2", &brelt::scan::kSse2Kernels}};
+  std::vector<Table> tables{{"sse2", &scan::kSse2Kernels}};
   __builtin_cpu_init();
-  if (__builtin_cpu_supports("avx2")) tables.push_back({"avx2", &brelt::scan::kAvx2Kernels});
-  if (__builtin_cpu_supports("avx512bw")) {
-    tables.push_back({"avx512", &brelt::scan::kAvx512Kernels});
-  }
+  if (__builtin_cpu_supports("avx2")) tables.push_back({"avx2", &scan::kAvx2Kernels});
+  if (__builtin_cpu_supports("avx512bw")) tables.push_back({"avx512", &scan::kAvx512Kernels});
   return tables;
 }
 
-template <class T>
-struct Reference {
-  static std::uint64_t Find(const T* p, std::uint64_t n, bool (*hit)(T, T, T), T a, T b) {
-    for (std::uint64_t i = 0; i < n; ++i) {
-      if (hit(p[i], a, b)) return i;
-    }
-    return n;
+// Index of the first of n elements, stepping by `step` from p, that `hit` takes; n if none.
+template <class T, class Hit>
+std::uint64_t Walk(const T* p, std::uint64_t n, int step, Hit hit) {
+  for (std::uint64_t i = 0; i < n; ++i) {
+    if (hit(p[static_cast<std::int64_t>(i) * step])) return i;
   }
-  static std::uint64_t Back(const T* last, std::uint64_t n, bool (*hit)(T, T, T), T a, T b) {
-    for (std::uint64_t i = 0; i < n; ++i) {
-      if (hit(*(last - i), a, b)) return i;
-    }
-    return n;
-  }
-};
-
-template <class T>
-bool Eq(T x, T a, T) { return x == a; }
-template <class T>
-bool Ne(T x, T a, T) { return x != a; }
-template <class T>
-bool Either(T x, T a, T b) { return x == a || x == b; }
+  return n;
+}
 
 template <class T>
 struct Entries {
@@ -61,54 +43,50 @@ struct Entries {
   Scan eq, ne, eq_back, ne_back, count;
   std::uint64_t (*either)(const T*, std::uint64_t, T, T);
 };
-
 Entries<std::uint8_t> Of8(const Kernels& k) {
   return {k.find_eq8, k.find_ne8, k.find_eq_back8, k.find_ne_back8, k.count_eq8, k.find_either8};
 }
 Entries<std::uint16_t> Of16(const Kernels& k) {
-  return {k.find_eq16,  k.find_ne16,  k.find_eq_back16,
-          k.find_ne_back16, k.count_eq16, k.find_either16};
-}
-
-std::vector<std::uint64_t> Lengths() {
-  std::vector<std::uint64_t> n;
-  for (std::uint64_t i = 0; i <= 70; ++i) n.push_back(i);
-  for (std::uint64_t i : {127u, 128u, 129u, 255u, 256u, 257u, 300u, 511u, 512u, 513u, 777u, 1024u,
-                          1025u, 2100u}) {
-    n.push_back(i);
-  }
-  return n;
+  return {k.find_eq16, k.find_ne16, k.find_eq_back16, k.find_ne_back16, k.count_eq16,
+          k.find_either16};
 }
 
 template <class T>
 void Check(const Table& table, Entries<T> k, std::mt19937& rng) {
-  using R = Reference<T>;
-  for (std::uint64_t n : Lengths()) {
+  std::vector<std::uint64_t> lengths;
+  for (std::uint64_t i = 0; i <= 70; ++i) lengths.push_back(i);
+  for (std::uint64_t i : {127, 128, 129, 255, 256, 257, 300, 511, 512, 513, 777, 1024, 1025}) {
+    lengths.push_back(i);
+  }
+  lengths.push_back(2100);
+  const T base = 5, nine = 9, zero = 0;
+  for (std::uint64_t n : lengths) {
     for (std::uint64_t offset : {0u, 1u, 7u, 31u, 33u}) {
       // Walks up get a guard behind the area, walks down one in front of it.
       GuardedArray<T> up(n + offset, GuardSide::kBack), down(n + offset, GuardSide::kFront);
       const T* p = up.data() + offset;
       const T* last = down.data() + n - 1;
       for (int trial = 0; trial < 3; ++trial) {
-        // Mostly one value, with a few others (zero among them) at random places, so that
-        // the first hit lands anywhere, including in the last lanes.
-        const T base = static_cast<T>(5);
+        // Mostly one value, a few others (zero among them) at random places, so that the first
+        // hit lands anywhere, including in the last lanes.
         for (std::uint64_t i = 0; i < n + offset; ++i) {
-          const unsigned r = static_cast<unsigned>(rng() % (n + 8));
-          const T v = r == 0 ? T{0} : r == 1 ? static_cast<T>(9) : r == 2 ? static_cast<T>(0xA5) : base;
-          up[i] = v;
-          down[i] = v;
+          const auto r = rng() % (n + 8);
+          up[i] = down[i] = r == 0 ? zero : r == 1 ? nine : r == 2 ? static_cast<T>(0xA5) : base;
         }
         const std::string at = std::string(table.name) + " n=" + std::to_string(n) +
                                " offset=" + std::to_string(offset);
-        for (T v : {T{0}, base, static_cast<T>(9), static_cast<T>(0xA5)}) {
-          ASSERT_EQ(k.eq(p, n, v), R::Find(p, n, Eq<T>, v, v)) << at;
-          ASSERT_EQ(k.ne(p, n, v), R::Find(p, n, Ne<T>, v, v)) << at;
-          ASSERT_EQ(k.either(p, n, T{0}, v), R::Find(p, n, Either<T>, T{0}, v)) << at;
-          ASSERT_EQ(k.either(p, n, static_cast<T>(9), v), R::Find(p, n, Either<T>, T(9), v)) << at;
+        for (T v : {zero, base, nine, static_cast<T>(0xA5)}) {
+          auto eq = [v](T x) { return x == v; };
+          auto ne = [v](T x) { return x != v; };
+          ASSERT_EQ(k.eq(p, n, v), Walk(p, n, 1, eq)) << at;
+          ASSERT_EQ(k.ne(p, n, v), Walk(p, n, 1, ne)) << at;
+          for (T w : {zero, nine}) {
+            ASSERT_EQ(k.either(p, n, w, v), Walk(p, n, 1, [&](T x) { return x == w || eq(x); }))
+                << at;
+          }
           if (n > 0) {
-            ASSERT_EQ(k.eq_back(last, n, v), R::Back(last, n, Eq<T>, v, v)) << at;
-            ASSERT_EQ(k.ne_back(last, n, v), R::Back(last, n, Ne<T>, v, v)) << at;
+            ASSERT_EQ(k.eq_back(last, n, v), Walk(last, n, -1, eq)) << at;
+            ASSERT_EQ(k.ne_back(last, n, v), Walk(last, n, -1, ne)) << at;
           }
           std::uint64_t count = 0;
           for (std::uint64_t i = 0; i < n; ++i) count += p[i] == v;
