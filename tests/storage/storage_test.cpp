@@ -122,7 +122,7 @@ TEST(StorageMemoryStatus, FieldsInOrderAndFiguresConsistent) {
       offsetof(TMemoryStatus, AvailVirtual)};
   for (std::size_t i = 0; i < 7; ++i) EXPECT_EQ(offsets[i], i * 8) << "field " << i;
   TMemoryStatus s;
-  std::memset(&s, 0xAB, sizeof s);
+  std::memset(&s, 0xAB, sizeof s);  // every field must be written
   Storage::GetMemoryStatus(&s);
   EXPECT_LE(s.MemoryLoad, 100u);
   EXPECT_GT(s.TotalPhys, UInt64{16} << 20);
@@ -150,12 +150,7 @@ TEST(StoragePointerTests, ReadWriteAndTextAcrossPageKinds) {
   pf::UnmapPages(gone, page);
   void* block = nullptr;
   Storage::Allocate(&block, 77);
-  struct Row {
-    const char* name;
-    const void* p;
-    UInt64 n;
-    unsigned char badRead, badWrite;
-  } rows[] = {
+  struct Row { const char* name; const void* p; UInt64 n; int badRead, badWrite; } rows[] = {
       {"heap block, its own size", block, 77, 0, 0},
       {"guarded array, its size", guarded.data(), 100, 0, 0},
       {"guarded array, one more", guarded.data(), 101, 1, 1},
@@ -170,7 +165,7 @@ TEST(StoragePointerTests, ReadWriteAndTextAcrossPageKinds) {
   }
   // Text is good when its NUL or its n-th character lies on readable pages.
   const char* g = guarded.data();
-  struct TextRow { const char* name; const char* p; UInt64 n; unsigned char bad; } texts[] = {
+  struct TextRow { const char* name; const char* p; UInt64 n; int bad; } texts[] = {
       {"no NUL, n reached at the last byte", g, 100, 0},
       {"no NUL, one more reaches the guard", g, 101, 1},
       {"read-only text", reinterpret_cast<const char*>(pages + page - 1), 100, 0},
