@@ -46,23 +46,31 @@ class StrEdit : public testing::Test {
 using Twins = testing::Types<char, WChar>;
 TYPED_TEST_SUITE(StrEdit, Twins);
 
-TYPED_TEST(StrEdit, Insert) {
+// Insert at 0 and Prepend give the same array, so rows at 0 check both.
+TYPED_TEST(StrEdit, InsertAndPrepend) {
   struct Row { SV dst; std::size_t size; SV src; unsigned pos; SV after; } rows[] = {
-      {"abc\0"sv, 4, "XY", 1, "aXYb"},           // tail cut, no NUL left
-      {"abc\0"sv, 6, "XY", 9, "abcXY\0"sv},      // behind the end means the end
-      {"abcd\0"sv, 5, "XYZ", 2, "abXYZ"},        // the whole old tail is lost
-      {"ab\0"sv, 3, "VWXYZ", 1, "aVW"},          // the new text itself is cut
-      {"abc\0uvw"sv, 7, "XY", 0, "XYabc\0w"sv},  // nothing behind the terminator moves
-      {"ab\0"sv, 4, "XY", 2, "abXY"},            // exact fit: the terminator is dropped
-      {"abc", 3, "X", 1, "aXb"},                 // full array: the last character goes
-      {"abc\0"sv, 5, "", 1, "abc\0#"sv},         // empty text changes nothing
-      {"abc\0"sv, 6, "X\0Y"sv, 1, "aXbc\0#"sv},  // src ends at its own NUL
+      {"abc\0"sv, 4, "XY", 1, "aXYb"},            // tail cut, no NUL left
+      {"abc\0"sv, 6, "XY", 9, "abcXY\0"sv},       // behind the end means the end
+      {"abcd\0"sv, 5, "XYZ", 2, "abXYZ"},         // the whole old tail is lost
+      {"ab\0"sv, 3, "VWXYZ", 1, "aVW"},           // the new text itself is cut
+      {"ab\0"sv, 4, "XY", 2, "abXY"},             // exact fit: the terminator is dropped
+      {"abc", 3, "X", 1, "aXb"},                  // full array: the last character goes
+      {"abc\0"sv, 4, "XY", 0, "XYab"},
+      {"abc\0"sv, 6, "XY", 0, "XYabc\0"sv},
+      {"abc", 3, "WXYZ", 0, "WXY"},               // the new text alone fills the array
+      {"abc\0uvw"sv, 8, "XY", 0, "XYabc\0w#"sv},  // nothing behind the terminator moves
+      {"abc\0"sv, 5, "", 0, "abc\0#"sv},          // empty text changes nothing
+      {"abc\0"sv, 6, "X\0Y"sv, 0, "Xabc\0#"sv},   // src ends at its own NUL
   };
   for (const auto& r : rows) {
-    auto dst = TestFixture::Array(r.dst, r.size);
     auto src = TestFixture::Source(r.src);
+    auto dst = TestFixture::Array(r.dst, r.size);
     TestFixture::Ops::Insert(dst.high(), dst.data(), src.high(), src.data(), r.pos);
-    EXPECT_EQ(TestFixture::Stored(dst), r.after) << r.src << " at " << r.pos;
+    EXPECT_EQ(TestFixture::Stored(dst), r.after) << "Insert " << r.src << " at " << r.pos;
+    if (r.pos != 0) continue;
+    auto pre = TestFixture::Array(r.dst, r.size);
+    TestFixture::Ops::Prepend(pre.high(), pre.data(), src.high(), src.data());
+    EXPECT_EQ(TestFixture::Stored(pre), r.after) << "Prepend " << r.src << " to " << r.dst;
   }
 }
 
@@ -100,23 +108,6 @@ TYPED_TEST(StrEdit, Slice) {
   auto same = TestFixture::Array("abcdef");
   TestFixture::Ops::Slice(same.high(), same.data(), same.high(), same.data(), 0, 3);
   EXPECT_EQ(TestFixture::Stored(same), "abc\0ef"sv);
-}
-
-TYPED_TEST(StrEdit, Prepend) {
-  struct Row { SV dst; std::size_t size; SV src; SV after; } rows[] = {
-      {"abc\0"sv, 4, "XY", "XYab"},
-      {"abc\0"sv, 6, "XY", "XYabc\0"sv},
-      {"abc", 3, "WXYZ", "WXY"},                // the new text alone fills the array
-      {"abc\0uvw"sv, 8, "XY", "XYabc\0w#"sv},  // what lies behind the NUL stays
-      {"abc\0"sv, 5, "", "abc\0#"sv},
-      {"abc\0"sv, 6, "X\0Y"sv, "Xabc\0#"sv},
-  };
-  for (const auto& r : rows) {
-    auto dst = TestFixture::Array(r.dst, r.size);
-    auto src = TestFixture::Source(r.src);
-    TestFixture::Ops::Prepend(dst.high(), dst.data(), src.high(), src.data());
-    EXPECT_EQ(TestFixture::Stored(dst), r.after) << r.src << " before " << r.dst;
-  }
 }
 
 TYPED_TEST(StrEdit, Subst) {
