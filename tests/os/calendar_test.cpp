@@ -53,7 +53,7 @@ TEST(OsJD, EveryGregorianDayFrom1600To2400) {
       for (int d = 1; d <= length[m - 1] + (m == 2 && leap); ++d, jd += 1) {
         ASSERT_EQ(os::JD(y, m, d, 0), jd) << y << "-" << m << "-" << d;
         int yy, mm, dd;
-        double f;
+        double f;  // a quarter day on, to see the fraction come back
         os::iJD(jd + 0.25, &yy, &mm, &dd, &f);
         ASSERT_TRUE(yy == y && mm == m && dd == d && f == 0.25) << y << "-" << m << "-" << d;
       }
@@ -62,8 +62,7 @@ TEST(OsJD, EveryGregorianDayFrom1600To2400) {
 }
 
 std::vector<int> Fields(const _SYSTEMTIME& t) {
-  return {t.wYear, t.wMonth, t.wDayOfWeek, t.wDay, t.wHour, t.wMinute, t.wSecond,
-          t.wMilliseconds};
+  return {t.wYear, t.wMonth, t.wDayOfWeek, t.wDay, t.wHour, t.wMinute, t.wSecond, t.wMilliseconds};
 }
 
 TEST(OsSystemTime, FieldsDayOfWeekAndBack) {

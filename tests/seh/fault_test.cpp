@@ -23,19 +23,11 @@ volatile double g_one = 1.0, g_zero = 0.0, g_three = 3.0, g_max = DBL_MAX, g_sin
 int* volatile g_null = nullptr;
 const char* volatile g_guardEnd = nullptr;
 
-struct Fault {
-  const char* name;
-  void (*run)();
-  unsigned code;
-};
+struct Fault { const char* name; void (*run)(); unsigned code; };
 
 // Runs `run` on the calling thread and gives the code it threw, or kNothingThrown.
 unsigned ThrownCode(void (*run)()) {
-  try {
-    run();
-  } catch (unsigned code) {
-    return code;
-  }
+  try { run(); } catch (unsigned code) { return code; }
   return kNothingThrown;
 }
 

@@ -3,9 +3,11 @@
 #include <brelt/storage.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstring>
 #include <string>
+#include <vector>
 
 #include "guarded_array.h"
 #include "platform/memory_pages.h"
@@ -34,9 +36,7 @@ TEST(StorageAllocate, NewBlocksAreFilledWith205AndSizeZeroNullsTheVariable) {
       a.op(&p, size);
       ASSERT_NE(p, nullptr) << a.name << " " << size;
       const auto* b = static_cast<const unsigned char*>(p);
-      UInt64 filled = 0;
-      while (filled < size && b[filled] == 205) ++filled;
-      EXPECT_EQ(filled, size) << a.name;
+      EXPECT_EQ(std::count(b, b + size, 205), static_cast<std::ptrdiff_t>(size)) << a.name;
       EXPECT_GE(Storage::MemorySize(p), size) << a.name;
       EXPECT_LT(Storage::MemorySize(p), size + 65536) << "a size, not an address";
       // Size 0 nulls the variable and leaves the block it held allocated.
@@ -54,17 +54,15 @@ TEST(StorageReallocate, KeepsContentsSizeZeroReleasesNullAllocates) {
   struct Row { UInt64 from, to; } rows[] = {{4, 8}, {100, 10}, {16, 1 << 20}};
   for (const Sized& r : kReallocators) {
     for (const Row& row : rows) {
+      std::vector<unsigned char> bytes(row.from);
+      for (std::size_t i = 0; i < bytes.size(); ++i) bytes[i] = static_cast<unsigned char>(i * 7);
       void* p = nullptr;
       Storage::Allocate(&p, row.from);
-      auto* b = static_cast<unsigned char*>(p);
-      for (UInt64 i = 0; i < row.from; ++i) b[i] = static_cast<unsigned char>(i * 7 + 1);
+      std::memcpy(p, bytes.data(), bytes.size());
       r.op(&p, row.to);
       ASSERT_NE(p, nullptr) << r.name;
-      const UInt64 kept = row.from < row.to ? row.from : row.to;
-      UInt64 same = 0;
-      b = static_cast<unsigned char*>(p);
-      while (same < kept && b[same] == static_cast<unsigned char>(same * 7 + 1)) ++same;
-      EXPECT_EQ(same, kept) << r.name << " " << row.from << " -> " << row.to;
+      EXPECT_EQ(std::memcmp(p, bytes.data(), std::min(row.from, row.to)), 0)
+          << r.name << " " << row.from << " -> " << row.to;
       EXPECT_GE(Storage::MemorySize(p), row.to) << r.name;
       r.op(&p, 0);
       EXPECT_EQ(p, nullptr) << r.name;
