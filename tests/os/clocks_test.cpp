@@ -1,5 +1,5 @@
 // os clocks through the shared library: what start-up set, readings that move forward and
-// agree with each other, the conversions, and the two queue services without a queue.
+// agree with each other, and the two queue services without a queue.
 #include <brelt/os.h>
 #include <gtest/gtest.h>
 
@@ -25,7 +25,7 @@ TEST(OsGetHiResDifference, FromZeroGivesTheWholeReadingThenASmallStep) {
   EXPECT_EQ(last, before + second);
 }
 
-TEST(OsHiResTicks, MeasureASleep) {
+TEST(OsClocks, MeasureASleepAndAgree) {
   brelt::Int64 last = os::GetHiResTicks();
   const brelt::Int64 uptime = os::GetUptimeMS64();
   std::this_thread::sleep_for(std::chrono::milliseconds(60));
@@ -35,33 +35,22 @@ TEST(OsHiResTicks, MeasureASleep) {
   EXPECT_LT(ms, 5000);
   EXPECT_NEAR(os::HiResTicksToLRMS(ticks), static_cast<double>(ms), 1.0);
   EXPECT_NEAR(os::HiResTicksToLRS(ticks) * 1000.0, os::HiResTicksToLRMS(ticks), 1e-6);
-  EXPECT_GE(os::GetUptimeMS64() - uptime, 50);
-}
-
-TEST(OsUptime, ThirtyTwoBitsAreTheLowPartOfTheExtension) {
   const brelt::Int64 wide = os::GetUptimeMS64();
-  const unsigned int narrow = os::GetUptimeMS();
-  // The two readings lie a moment apart; the narrow one is the later.
-  EXPECT_LT(static_cast<unsigned int>(narrow - static_cast<unsigned int>(wide)), 1000u);
-  EXPECT_GE(os::GetUptimeMS64(), wide);
+  EXPECT_GE(wide - uptime, 50);
+  // The 32-bit reading, taken a moment later, is the low part of the extension.
+  EXPECT_LT(static_cast<unsigned int>(os::GetUptimeMS() - static_cast<unsigned int>(wide)), 1000u);
 }
 
-TEST(OsWindowsQueueEmpty, FreshThreadHasNoInput) {
+TEST(OsQueue, FreshThreadHasNoInputAndNoHandlesWaitsForTheTimeout) {
   unsigned char empty = 0;
   std::thread([&] { empty = os::WindowsQueueEmpty(); }).join();
   EXPECT_EQ(empty, 1);
-}
-
-TEST(OsMsgWaitForMultipleObjectsEx, NoHandlesWaitsForTheTimeout) {
-  struct Row {
-    brelt::ULong timeout;
-  } rows[] = {{0}, {40}};
-  for (const Row& r : rows) {
+  for (brelt::ULong timeout : {0u, 40u}) {
     const brelt::Int64 start = os::GetUptimeMS64();
-    EXPECT_EQ(os::MsgWaitForMultipleObjectsEx(0, nullptr, r.timeout, 0, 0), 258u) << r.timeout;
+    EXPECT_EQ(os::MsgWaitForMultipleObjectsEx(0, nullptr, timeout, 0, 0), 258u) << timeout;
     const brelt::Int64 waited = os::GetUptimeMS64() - start;
-    EXPECT_GE(waited + 2, static_cast<brelt::Int64>(r.timeout)) << r.timeout;
-    EXPECT_LT(waited, 2000) << r.timeout;
+    EXPECT_GE(waited + 2, static_cast<brelt::Int64>(timeout)) << timeout;
+    EXPECT_LT(waited, 2000) << timeout;
   }
 }
 

@@ -1,5 +1,4 @@
-// The fatal path on Windows shows a message box that waits for a person to press OK before
-// the process ends, so no unattended run can see it through.
+// On Windows the fatal path's message box waits for a person, so no unattended run sees it end.
 #include <gtest/gtest.h>
 
 TEST(StorageFatalPathDeathTest, ExhaustedHeapEndsTheProcess) {
