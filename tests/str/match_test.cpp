@@ -56,6 +56,7 @@ TYPED_TEST(Wildcards, MatchEdgeTable) {
       {"ABC.TXT", "*.txt", 1, 0},
       {"a*b", "a\\*b", 0, 0},  // no escape: the backslash is a plain character
       {std::string_view("ab\0zz", 5), "ab", 1, 1},
+      {std::string_view("ab\0d", 4), "*d", 0, 0},  // a star takes nothing behind the NUL
       {"ab", std::string_view("ab\0?", 4), 1, 1},
       {"abc", "a*", 1, 1},  // the star in the last element of a full pattern is trailing
       {"abc", std::string_view("a*\0c", 4), 1, 1},
