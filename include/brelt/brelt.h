@@ -3,6 +3,7 @@
 
 #include <brelt/config.h>
 #include <brelt/lib.h>
+#include <brelt/mathlib.h>
 #include <brelt/os.h>
 #include <brelt/seh.h>
 #include <brelt/storage.h>

@@ -8,3 +8,4 @@
 #include <brelt/str/encoding.h>
 #include <brelt/str/items.h>
 #include <brelt/str/match.h>
+#include <brelt/str/reals.h>

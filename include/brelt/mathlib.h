@@ -1,0 +1,51 @@
+// MATHLIB: elementary functions on doubles under the library's names, a whole-number power,
+// and the error hook variable.
+//
+// The elementary functions hand their arguments to the runtime's functions unchanged and add
+// no check: a domain error or overflow gives what the runtime gives. Nothing is reported.
+#pragma once
+
+#include <brelt/config.h>
+
+namespace MATHLIB {
+
+// The record an application's error hook receives. The library never fills one in; the
+// fields are those that math error handlers conventionally look at.
+struct Exception {
+  int type;
+  char* name;
+  double arg1;
+  double arg2;
+  double retval;
+};
+
+using MathErrorHook = int (*)(Exception*);
+
+// A slot for the application, null as loaded. No operation of the library reads, writes or
+// calls it.
+BRELT_API extern MathErrorHook MathError;
+
+BRELT_API double Sin(double x);
+BRELT_API double Cos(double x);
+BRELT_API double Tan(double x);
+BRELT_API double ASin(double x);
+BRELT_API double ACos(double x);
+BRELT_API double ATan(double x);
+// The angle of the point (x, y): the horizontal coordinate comes first.
+BRELT_API double ATan2(double x, double y);
+BRELT_API double SinH(double x);
+BRELT_API double CosH(double x);
+BRELT_API double TanH(double x);
+BRELT_API double Exp(double x);
+BRELT_API double Log(double x);  // natural logarithm
+BRELT_API double Log10(double x);
+BRELT_API double Sqrt(double x);
+BRELT_API double Pow(double x, double y);
+// The remainder of x / y with the sign of x.
+BRELT_API double Mod(double x, double y);
+
+// x to the power n by binary powering. n 0 gives 1.0 for every x, NaN included; a negative n
+// powers the reciprocal of x, so IntPow(10.0, -3) is 0.1 cubed, not 1 / 1000.
+BRELT_API double IntPow(double x, int n);
+
+}  // namespace MATHLIB
