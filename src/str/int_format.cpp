@@ -35,12 +35,28 @@ constexpr std::array<std::uint64_t, 20> kPowersOf10 = [] {
 }();
 
 template <class U>
-unsigned DigitCount(U v, unsigned base) {
-  if (base == 10) {
-    // 1233 / 4096 is just above log10(2): the guess is the count or one above it.
-    const unsigned guess = (static_cast<unsigned>(std::bit_width(v)) * 1233u) >> 12;
-    return guess + (v >= kPowersOf10[guess] ? 1u : 0u) + (v == 0 ? 1u : 0u);
+inline unsigned DigitCount10(U v) {
+  // 1233 / 4096 is just above log10(2): the guess is the count or one below it.
+  const unsigned guess = (static_cast<unsigned>(std::bit_width(v)) * 1233u) >> 12;
+  return guess + (v >= kPowersOf10[guess] ? 1u : 0u) + (v == 0 ? 1u : 0u);
+}
+
+// Stores the lowest n digits of v in base 10, the last at `last` and the others before it.
+template <class U, class T>
+inline void StoreLowDigits10(U v, T* last, unsigned n) {
+  for (; n >= 2; n -= 2) {
+    const unsigned pair = static_cast<unsigned>(v % 100u) * 2u;
+    v /= 100u;
+    last[0] = static_cast<T>(kPairs[pair + 1]);
+    last[-1] = static_cast<T>(kPairs[pair]);
+    last -= 2;
   }
+  if (n != 0) *last = static_cast<T>('0' + static_cast<unsigned>(v % 10u));
+}
+
+template <class U>
+unsigned DigitCount(U v, unsigned base) {
+  if (base == 10) return DigitCount10(v);
   if (std::has_single_bit(base)) {
     const unsigned shift = static_cast<unsigned>(std::countr_zero(base));
     const unsigned bits = static_cast<unsigned>(std::bit_width(v | 1u));
@@ -51,20 +67,9 @@ unsigned DigitCount(U v, unsigned base) {
   return n;
 }
 
-// Stores the lowest n digits of v, the last at `last` and the others before it.
 template <class U, class T>
 void StoreLowDigits(U v, unsigned base, T* last, unsigned n) {
-  if (base == 10) {
-    for (; n >= 2; n -= 2) {
-      const unsigned pair = static_cast<unsigned>(v % 100u) * 2u;
-      v /= 100u;
-      last[0] = static_cast<T>(kPairs[pair + 1]);
-      last[-1] = static_cast<T>(kPairs[pair]);
-      last -= 2;
-    }
-    if (n != 0) *last = static_cast<T>('0' + static_cast<unsigned>(v % 10u));
-    return;
-  }
+  if (base == 10) return StoreLowDigits10(v, last, n);
   if (std::has_single_bit(base)) {
     const unsigned shift = static_cast<unsigned>(std::countr_zero(base));
     const U mask = static_cast<U>(base - 1);
@@ -74,13 +79,12 @@ void StoreLowDigits(U v, unsigned base, T* last, unsigned n) {
   for (; n != 0; --n, v /= base) *last-- = static_cast<T>(kDigitAlphabet[v % base]);
 }
 
+// Every base and every destination; digits start at dst[p], behind a sign if there is one.
 template <class U, class T>
-void Format(bool negative, U magnitude, unsigned int high, T* dst, unsigned int base,
-            unsigned char* ok) {
+[[gnu::noinline]] void FormatAnyBase(U magnitude, std::uint64_t p, unsigned int high, T* dst,
+                                     unsigned int base, unsigned char* ok) {
   base = ClampBase(base);
   *ok = 1;
-  std::uint64_t p = 0;
-  if (negative) dst[p++] = static_cast<T>('-');
   const std::uint64_t room = std::uint64_t{high} + 1 - p;
   const unsigned n = DigitCount(magnitude, base);
   if (n > room) {
@@ -90,6 +94,30 @@ void Format(bool negative, U magnitude, unsigned int high, T* dst, unsigned int 
   }
   StoreLowDigits(magnitude, base, dst + p + n - 1, n);
   if (p + n <= high) dst[p + n] = T{0};
+}
+
+template <class U, class T>
+inline void Format(bool negative, U magnitude, unsigned int high, T* dst, unsigned int base,
+                   unsigned char* ok) {
+  std::uint64_t p = 0;
+  if (negative) dst[p++] = static_cast<T>('-');
+  // Base 10 with room for every digit is the common case and is done here in line.
+  if (base == 10 && magnitude < 10 && p + 1 <= high) {
+    *ok = 1;
+    dst[p] = static_cast<T>('0' + static_cast<unsigned>(magnitude));
+    dst[p + 1] = T{0};
+    return;
+  }
+  if (base == 10) {
+    const unsigned n = DigitCount10(magnitude);
+    if (p + n <= std::uint64_t{high} + 1) {
+      *ok = 1;
+      StoreLowDigits10(magnitude, dst + p + n - 1, n);
+      if (p + n <= high) dst[p + n] = T{0};
+      return;
+    }
+  }
+  FormatAnyBase(magnitude, p, high, dst, base, ok);
 }
 
 template <class S, class T>

@@ -1,5 +1,6 @@
 // Str text to whole numbers. One walk per accumulator width and character width reads the
 // digits; the exported operations add the sign rules of their result type.
+#include <algorithm>
 #include <cstdint>
 #include <limits>
 #include <type_traits>
@@ -12,12 +13,22 @@ namespace {
 using brelt::str::ClampBase;
 using brelt::str::kDigitValue;
 
-// Reads from index `i` up to a NUL or the end of the array. A digit too large for the base
-// or an overflow clears `good` but the walk goes on, accumulating modulo the width; only a
-// character outside '0'..'F' (after folding 'a'..'f') ends it early.
+template <class U>
+struct Walked {
+  U value;
+  bool good;
+};
+
+// Reads from index `i` up to a NUL or the end of the array, going on from `acc`. A digit too
+// large for the base or an overflow clears `good` but the walk goes on, accumulating modulo
+// the width; only a character outside '0'..'F' (after folding 'a'..'f') ends it early.
 template <class U, class T>
-U Walk(unsigned int high, const T* src, std::uint64_t i, unsigned int base, bool& good) {
-  U acc = 0;
+[[gnu::noinline]] Walked<U> WalkAnyBase(unsigned int high, const T* src, std::uint64_t i,
+                                        unsigned int base, U acc) {
+  // max = limit * base + lastDigit.
+  const U limit = static_cast<U>(std::numeric_limits<U>::max() / base);
+  const unsigned lastDigit = static_cast<unsigned>(std::numeric_limits<U>::max() % base);
+  bool good = true;
   for (; i <= high; ++i) {
     unsigned c = static_cast<std::make_unsigned_t<T>>(src[i]);
     if (c == 0) break;
@@ -28,52 +39,53 @@ U Walk(unsigned int high, const T* src, std::uint64_t i, unsigned int base, bool
       break;
     }
     const unsigned d = kDigitValue[k];
-    if (d >= base) {
-      good = false;
-    } else {
-      // Same test as acc > (max - d) / base, without a division per digit.
-      U next;
-      if (__builtin_mul_overflow(acc, static_cast<U>(base), &next) ||
-          __builtin_add_overflow(next, static_cast<U>(d), &next)) {
-        good = false;
-      }
-    }
+    // acc > (max - d) / base, for a digit valid in the base, without a division per digit.
+    const bool over = (acc > limit) | ((acc == limit) & (d > lastDigit));
+    good &= (d < base) & !over;
     acc = static_cast<U>(acc * base + d);
   }
-  return acc;
+  return {acc, good};
 }
 
 // The digits after an optional sign at index 0; `negative` tells whether that sign was '-'.
 template <class U, class T>
-U Magnitude(unsigned int high, const T* src, unsigned int base, bool& good, bool& negative) {
-  good = true;
+[[gnu::always_inline]] inline Walked<U> Magnitude(unsigned int high, const T* src,
+                                                  unsigned int base, bool& negative) {
   negative = src[0] == T('-');
-  const std::uint64_t start = (negative || src[0] == T('+')) ? 1 : 0;
-  if (start > high || src[start] == T{0}) {
-    good = false;
-    return 0;
+  std::uint64_t i = (negative || src[0] == T('+')) ? 1 : 0;
+  if (i > high || src[i] == T{0}) return {0, false};
+  if (base != 10) return WalkAnyBase<U>(high, src, i, ClampBase(base), U{0});
+  // So many decimal digits cannot overflow: they are read here without the tests of the
+  // full walk, which takes over at the first other character.
+  const std::uint64_t stop = std::min<std::uint64_t>(i + std::numeric_limits<U>::digits10,
+                                                     std::uint64_t{high} + 1);
+  U acc = 0;
+  for (; i < stop; ++i) {
+    const unsigned d = static_cast<unsigned>(static_cast<std::make_unsigned_t<T>>(src[i])) - '0';
+    if (d > 9) break;
+    acc = static_cast<U>(acc * 10u + d);
   }
-  return Walk<U>(high, src, start, ClampBase(base), good);
+  if (i > high || src[i] == T{0}) return {acc, true};
+  return WalkAnyBase<U>(high, src, i, 10, acc);
 }
 
 template <class S, class T>
 S ParseSigned(unsigned int high, const T* src, unsigned int base, unsigned char* ok) {
   using U = std::make_unsigned_t<S>;
-  bool good, negative;
-  U m = Magnitude<U>(high, src, base, good, negative);
+  bool negative;
+  const Walked<U> m = Magnitude<U>(high, src, base, negative);
   // The range is symmetric: the most negative value's own text clears ok too.
-  if (m > static_cast<U>(std::numeric_limits<S>::max())) good = false;
-  if (negative) m = static_cast<U>(U{0} - m);
+  const bool good = m.good && m.value <= static_cast<U>(std::numeric_limits<S>::max());
   *ok = good ? 1 : 0;
-  return static_cast<S>(m);
+  return static_cast<S>(negative ? static_cast<U>(U{0} - m.value) : m.value);
 }
 
 template <class U, class T>
 U ParseUnsigned(unsigned int high, const T* src, unsigned int base, unsigned char* ok) {
-  bool good, negative;
-  const U m = Magnitude<U>(high, src, base, good, negative);
-  *ok = good && !negative ? 1 : 0;
-  return m;
+  bool negative;
+  const Walked<U> m = Magnitude<U>(high, src, base, negative);
+  *ok = m.good && !negative ? 1 : 0;
+  return m.value;
 }
 
 }  // namespace
