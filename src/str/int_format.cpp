@@ -42,12 +42,13 @@ inline unsigned DigitCount10(U v) {
     // 1233 / 4096 is just above log10(2): the guess is the count or one below it.
     const unsigned guess = (static_cast<unsigned>(std::bit_width(v)) * 1233u) >> 12;
     return guess + (v >= kPowersOf10[guess] ? 1u : 0u) + (v == 0 ? 1u : 0u);
-  }
-  for (unsigned n = 1;; n += 4, v /= 10000u) {
-    if (v < 10u) return n;
-    if (v < 100u) return n + 1;
-    if (v < 1000u) return n + 2;
-    if (v < 10000u) return n + 3;
+  } else {
+    for (unsigned n = 1;; n += 4, v /= 10000u) {
+      if (v < 10u) return n;
+      if (v < 100u) return n + 1;
+      if (v < 1000u) return n + 2;
+      if (v < 10000u) return n + 3;
+    }
   }
 }
 
