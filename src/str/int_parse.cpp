@@ -1,6 +1,8 @@
 // Str text to whole numbers. One walk per accumulator width and character width reads the
 // digits; the exported operations add the sign rules of their result type.
 #include <algorithm>
+#include <bit>
+#include <cstring>
 #include <cstdint>
 #include <limits>
 #include <type_traits>
@@ -47,6 +49,28 @@ template <class U, class T>
   return {acc, good};
 }
 
+// Up to eight leading decimal digits of the 8-bit characters at s, all eight of which lie in
+// the caller's array, at once. Gives their count and, in `value`, their value.
+inline unsigned LeadingDigits8(const char* s, std::uint32_t& value) {
+  constexpr std::uint64_t kEach = 0x0101010101010101u;
+  std::uint64_t w;
+  std::memcpy(&w, s, 8);
+  // Each byte XOR '0': a digit becomes 0..9; a byte is no digit if that is 10 or more.
+  const std::uint64_t t = w ^ (kEach * '0');
+  const std::uint64_t bad = (((t & (kEach * 0x7F)) + kEach * (0x80 - 10)) | t) & (kEach * 0x80);
+  const unsigned n = bad == 0 ? 8u : static_cast<unsigned>(std::countr_zero(bad)) / 8u;
+  value = 0;
+  if (n == 0) return 0;
+  // The first character is the lowest byte; moved to the top, the bytes below read as
+  // leading zeros. Then neighbours are joined: pairs, fours, all eight.
+  std::uint64_t v = t << (8 * (8 - n));
+  v = (v * 10 + (v >> 8)) & 0x00FF00FF00FF00FFu;
+  v = (v * 100 + (v >> 16)) & 0x0000FFFF0000FFFFu;
+  v = (v * 10000 + (v >> 32)) & 0xFFFFFFFFu;
+  value = static_cast<std::uint32_t>(v);
+  return n;
+}
+
 // The digits after an optional sign at index 0; `negative` tells whether that sign was '-'.
 template <class U, class T>
 [[gnu::always_inline]] inline Walked<U> Magnitude(unsigned int high, const T* src,
@@ -60,6 +84,14 @@ template <class U, class T>
   const std::uint64_t stop = std::min<std::uint64_t>(i + std::numeric_limits<U>::digits10,
                                                      std::uint64_t{high} + 1);
   U acc = 0;
+  if constexpr (sizeof(T) == 1) {
+    if (i + 8 <= stop) {
+      std::uint32_t first;
+      const unsigned n = LeadingDigits8(src + i, first);
+      acc = first;
+      i += n;
+    }
+  }
   for (; i < stop; ++i) {
     const unsigned d = static_cast<unsigned>(static_cast<std::make_unsigned_t<T>>(src[i])) - '0';
     if (d > 9) break;
