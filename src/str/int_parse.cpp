@@ -79,6 +79,9 @@ template <class U, class T>
   std::uint64_t i = (negative || src[0] == T('+')) ? 1 : 0;
   if (i > high || src[i] == T{0}) return {0, false};
   if (base != 10) return WalkAnyBase<U>(high, src, i, ClampBase(base), U{0});
+  // A single digit, frequent in counts and fields, needs no more.
+  const unsigned first = static_cast<unsigned>(static_cast<std::make_unsigned_t<T>>(src[i])) - '0';
+  if (first <= 9 && (i + 1 > high || src[i + 1] == T{0})) return {static_cast<U>(first), true};
   // So many decimal digits cannot overflow: they are read here without the tests of the
   // full walk, which takes over at the first other character.
   const std::uint64_t stop = std::min<std::uint64_t>(i + std::numeric_limits<U>::digits10,
