@@ -6,6 +6,7 @@
 #include <brelt/str/core.h>
 #include <brelt/str/edit.h>
 #include <brelt/str/encoding.h>
+#include <brelt/str/integers.h>
 #include <brelt/str/items.h>
 #include <brelt/str/match.h>
 #include <brelt/str/reals.h>
