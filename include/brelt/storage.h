@@ -32,13 +32,13 @@ BRELT_API void Deallocate(void** p, brelt::UInt64 size);
 BRELT_API void Free(void** p);
 
 // The same four with a source position attached; the position is accepted and never read.
-BRELT_API void _DbgAllocate(void** p, brelt::UInt64 size, unsigned int high, const char* file,
+BRELT_API void _DbgAllocate(void** p, brelt::UInt64 size, unsigned int high, char* file,
                             unsigned int line);
-BRELT_API void _DbgReallocate(void** p, brelt::UInt64 size, unsigned int high, const char* file,
+BRELT_API void _DbgReallocate(void** p, brelt::UInt64 size, unsigned int high, char* file,
                               unsigned int line);
-BRELT_API void _DbgDeallocate(void** p, brelt::UInt64 size, unsigned int high, const char* file,
+BRELT_API void _DbgDeallocate(void** p, brelt::UInt64 size, unsigned int high, char* file,
                               unsigned int line);
-BRELT_API void _DbgFree(void** p, unsigned int high, const char* file, unsigned int line);
+BRELT_API void _DbgFree(void** p, unsigned int high, char* file, unsigned int line);
 
 BRELT_API void InitModule();
 

@@ -45,16 +45,16 @@ void Free(void** p) {
   *p = nullptr;
 }
 
-void _DbgAllocate(void** p, brelt::UInt64 size, unsigned int, const char*, unsigned int) {
+void _DbgAllocate(void** p, brelt::UInt64 size, unsigned int, char*, unsigned int) {
   Allocate(p, size);
 }
-void _DbgReallocate(void** p, brelt::UInt64 size, unsigned int, const char*, unsigned int) {
+void _DbgReallocate(void** p, brelt::UInt64 size, unsigned int, char*, unsigned int) {
   Reallocate(p, size);
 }
-void _DbgDeallocate(void** p, brelt::UInt64, unsigned int, const char*, unsigned int) {
+void _DbgDeallocate(void** p, brelt::UInt64, unsigned int, char*, unsigned int) {
   Free(p);
 }
-void _DbgFree(void** p, unsigned int, const char*, unsigned int) { Free(p); }
+void _DbgFree(void** p, unsigned int, char*, unsigned int) { Free(p); }
 
 void InitModule() { fill_byte = 205; }
 

@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstring>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include "guarded_array.h"
@@ -16,6 +17,17 @@ namespace {
 
 using brelt::UInt64;
 using brelt::test::GuardedArray;
+
+// The source position of the _Dbg forms is a plain bounded string: its file is a char *.
+static_assert(std::is_same_v<decltype(&Storage::_DbgAllocate),
+                             void (*)(void**, UInt64, unsigned, char*, unsigned)>);
+static_assert(std::is_same_v<decltype(&Storage::_DbgReallocate),
+                             void (*)(void**, UInt64, unsigned, char*, unsigned)>);
+static_assert(std::is_same_v<decltype(&Storage::_DbgDeallocate),
+                             void (*)(void**, UInt64, unsigned, char*, unsigned)>);
+static_assert(std::is_same_v<decltype(&Storage::_DbgFree),
+                             void (*)(void**, unsigned, char*, unsigned)>);
+char kFile[] = "x.c";
 
 // Each operation beside its _Dbg form, whose position arguments (even a null file) don't matter.
 struct Sized {
@@ -27,7 +39,7 @@ const Sized kAllocators[] = {
     {"_DbgAllocate", [](void** p, UInt64 n) { Storage::_DbgAllocate(p, n, 0, nullptr, 0); }}};
 const Sized kReallocators[] = {
     {"Reallocate", Storage::Reallocate},
-    {"_DbgReallocate", [](void** p, UInt64 n) { Storage::_DbgReallocate(p, n, 7, "x.c", 1); }}};
+    {"_DbgReallocate", [](void** p, UInt64 n) { Storage::_DbgReallocate(p, n, 7, kFile, 1); }}};
 
 TEST(StorageAllocate, NewBlocksAreFilledWith205AndSizeZeroNullsTheVariable) {
   for (const Sized& a : kAllocators) {
@@ -82,7 +94,7 @@ TEST(StorageRelease, NullsTheVariableAndASecondCallDoesNothing) {
       {"Free", Storage::Free},
       {"Deallocate", [](void** p) { Storage::Deallocate(p, 12345); }},  // size unrelated
       {"_DbgDeallocate", [](void** p) { Storage::_DbgDeallocate(p, 0, 0, nullptr, 0); }},
-      {"_DbgFree", [](void** p) { Storage::_DbgFree(p, 3, "a.c", 9); }}};
+      {"_DbgFree", [](void** p) { Storage::_DbgFree(p, 3, kFile, 9); }}};
   for (const Row& r : rows) {
     void* p = nullptr;
     Storage::Allocate(&p, 40);
