@@ -100,12 +100,16 @@ void OnFault(int sig, siginfo_t* info, void* context) {
     prev.sa_sigaction(sig, info, context);
     return;
   }
+  const bool sent = info->si_code <= 0;
+  if (prev.sa_handler == SIG_IGN && sent) return;
   if (prev.sa_handler != SIG_DFL && prev.sa_handler != SIG_IGN) {
     prev.sa_handler(sig);
     return;
   }
-  // Back to the default course: the faulting instruction runs again and ends the process.
+  // Back to the default course: a faulting instruction runs again and ends the process; a
+  // signal that was sent is raised again, since nothing would repeat it.
   signal(sig, SIG_DFL);
+  if (sent) raise(sig);
 }
 
 void InstallHandler() {
