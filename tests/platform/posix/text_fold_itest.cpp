@@ -85,7 +85,8 @@ TEST_F(PosixFold, SixteenBitFoldsBothWays) {
     char16_t in, upper, lower;
   } rows[] = {{0x00E0, 0x00C0, 0x00E0}, {0x0100, 0x0100, 0x0101}, {0x01C5, 0x01C4, 0x01C6},
               {0x03C2, 0x03A3, 0x03C2}, {0x1E9E, 0x1E9E, 0x00DF}, {0xFF41, 0xFF21, 0xFF41},
-              {0xD800, 0xD800, 0xD800}};
+              {0xD800, 0xD800, 0xD800},
+              {0x0130, 0x0130, 0x0069}};  // capital I dot: the simple lower case is a plain i
   for (const Row& r : rows) {
     EXPECT_EQ(UpperW(r.in), r.upper) << std::hex << int(r.in);
     EXPECT_EQ(LowerW(r.in), r.lower) << std::hex << int(r.in);
