@@ -29,13 +29,14 @@ GuardedArray<WChar> ArrayW(const WText& text) {
 TEST(CapLow, FoldsLettersOnlyInBothWidths) {
   // ASCII rows, the neighbours of both letter ranges among them, run through both widths.
   // Latin-1 with partners in Latin Extended, Greek, Cyrillic; sharp s and the euro stay.
+  // Alpha with ypogegrammeni: its full capital is two characters, its simple one is one.
   struct Row {
     unsigned in, upper, lower;
   } rows[] = {{'a', 'A', 'a'},          {'Z', 'Z', 'z'},          {'@', '@', '@'},
               {'[', '[', '['},          {'`', '`', '`'},          {'{', '{', '{'},
               {0x00E9, 0x00C9, 0x00E9}, {0x00FF, 0x0178, 0x00FF}, {0x0178, 0x0178, 0x00FF},
               {0x03A3, 0x03A3, 0x03C3}, {0x044F, 0x042F, 0x044F}, {0x00DF, 0x00DF, 0x00DF},
-              {0x20AC, 0x20AC, 0x20AC}};
+              {0x20AC, 0x20AC, 0x20AC}, {0x1FB3, 0x1FBC, 0x1FB3}};
   for (const Row& r : rows) {
     EXPECT_EQ(unsigned{Str::CapW(static_cast<WChar>(r.in))}, r.upper) << std::hex << r.in;
     EXPECT_EQ(unsigned{Str::LowW(static_cast<WChar>(r.in))}, r.lower) << std::hex << r.in;

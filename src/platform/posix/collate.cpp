@@ -54,10 +54,16 @@ Weights Weigh(std::uint32_t cp) {
       cp <= 0xFFFF ? posix::SimpleLower(static_cast<char16_t>(cp)) : cp;
   Weights w{0, 0, static_cast<std::uint8_t>(lower != cp)};
   std::uint32_t base = lower;
-  const auto* it = std::lower_bound(
-      std::begin(posix::kLatinBases), std::end(posix::kLatinBases), lower,
-      [](const posix::LatinBase& e, std::uint32_t c) { return e.code < c; });
-  if (it != std::end(posix::kLatinBases) && it->code == lower) {
+  auto find = [](std::uint32_t c) {
+    const auto* it = std::lower_bound(
+        std::begin(posix::kLatinBases), std::end(posix::kLatinBases), c,
+        [](const posix::LatinBase& e, std::uint32_t x) { return e.code < x; });
+    return it != std::end(posix::kLatinBases) && it->code == c ? it : nullptr;
+  };
+  // A capital whose lower case drops its mark (I with dot) keeps the mark of its own.
+  const posix::LatinBase* it = find(lower);
+  if (it == nullptr) it = find(cp);
+  if (it != nullptr) {
     base = static_cast<unsigned char>(it->base);
     w.accent = it->mark;
   }
