@@ -75,6 +75,6 @@ TEST(LibScan, FixedBytesAndWholeWords) {
   const unsigned short words[5] = {0x0141, 0x8041, 0x4100, 0x0041, 0x0141};
   CheckScans(words, {Lib::WordScanR, Lib::WordScanNeR, Lib::WordScanL, Lib::WordScanNeL},
              {{0, 5, 0x0041, 3}, {0, 5, 0x4101, 5}, {1, 5, 0x0141, 1}, {1, 5, 0x8041, 0},
-              {2, 5, 0x8041, 3}, {2, 5, 0x0041, 1}, {3, 5, 0x0141, 1}, {0, 0, 0x0141, 0}});
+              {2, 5, 0x8041, 3}, {2, 5, 0x0041, 1}, {3, 5, 0x0141, 1}, {3, 5, 0x0041, 0}});
 }
 }  // namespace
