@@ -100,7 +100,9 @@ TYPED_TEST(StrCore, PosAndNextPos) {
     const unsigned high = r.ones ? kOnes : s.high();
     EXPECT_EQ(this->NextPos(high, s.data(), pat.high(), pat.data(), r.start), r.want)
         << r.s << " / " << r.pat << " from " << r.start;
-    if (r.start == 0) EXPECT_EQ(this->Pos(high, s.data(), pat.high(), pat.data()), r.want) << r.s;
+    if (r.start == 0) {
+      EXPECT_EQ(this->Pos(high, s.data(), pat.high(), pat.data()), r.want) << r.s;
+    }
   }
 }
 
