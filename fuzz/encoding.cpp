@@ -59,10 +59,13 @@ void CheckBounded(const Text<S>& src, unsigned dstHigh, std::size_t spare, unsig
   BRELT_FUZZ_CHECK(Convert(Convert(whole)) == whole);
 }
 
-// The pointer form over every element of the array, NULs and all.
+// The pointer form over every element of the array, NULs and all. Over a text and its NUL it
+// gives what the bounded form gave and a NUL, where it asks for no other composition.
 template <class S>
 void CheckPointer(const Text<S>& src, unsigned flags) {
   using D = Target<S>;
+  const bool plain = src.Now() == src.text + S{0} &&
+                     (sizeof(S) == 1 || brelt::platform::ActiveCodePageId() == 65001);
   const auto n = static_cast<unsigned>(src.size());
   unsigned need = 0;
   Pointer(src.array.data(), n, nullptr, &need);
@@ -74,6 +77,9 @@ void CheckPointer(const Text<S>& src, unsigned flags) {
     Pointer(src.array.data(), n, dst.data(), &got);
     BRELT_FUZZ_CHECK(got == (cap < need ? 0 : need));
     if (cap > need) BRELT_FUZZ_CHECK(dst.array[need] == D{0});
+    if (plain && cap >= need) {
+      BRELT_FUZZ_CHECK(dst.Now().substr(0, need) == Convert(src.text) + D{0});
+    }
   }
 }
 
@@ -87,7 +93,7 @@ bool IsUtf8Ref(const unsigned char* b, std::size_t n) {
   auto lead4 = [](unsigned c) { return (c & 0xF8) == 0xF0; };
   if (n == 0) return false;
   std::size_t i = 0;
-  for (; n - i > 3; ) {
+  while (n - i > 3) {
     const unsigned char* p = b + i;
     if (a(p[0]) && a(p[1])) i += 2;
     else if (a(p[0]) && lead2(p[1]) && cont(p[2])) i += 3;

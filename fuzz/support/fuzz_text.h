@@ -158,12 +158,9 @@ String<T> Chars(std::string_view bytes, unsigned flags) {
 }
 
 // A text of the twin from bytes taken earlier, with its flags byte from the back of the input.
-// `mask` takes away flags a target cannot allow, such as an all-ones bound on an array that an
-// operation may grow.
 template <class T>
-Text<T> Make(FuzzedDataProvider& in, std::string_view bytes, std::size_t spare = 0,
-             unsigned mask = ~0u) {
-  const unsigned flags = in.ConsumeIntegral<std::uint8_t>() & mask;
+Text<T> Make(FuzzedDataProvider& in, std::string_view bytes, std::size_t spare = 0) {
+  const unsigned flags = in.ConsumeIntegral<std::uint8_t>();
   const String<T> chars = Chars<T>(bytes, flags);
   return Place<T>(chars, flags, spare);
 }
