@@ -1,0 +1,23 @@
+#include "fio/file_name.h"
+
+#include "brelt/str/copies.h"
+#include "brelt/str/encoding.h"
+#include "platform/last_error.h"
+
+namespace brelt::fio {
+
+bool PrepareName(unsigned int high, const char* name, SystemName* out) {
+  if (!Str::StrToCA(high, name, kNameHigh, out->text)) return false;
+  platform::SetLastError(0);
+  return true;
+}
+
+bool PrepareName(unsigned int high, const WChar* name, SystemName* out) {
+  WChar wide[kNameHigh + 1];
+  if (!Str::StrToCW(high, name, kNameHigh, wide)) return false;
+  platform::SetLastError(0);
+  Str::U2A(kNameHigh, wide, kNameHigh, out->text);
+  return true;
+}
+
+}  // namespace brelt::fio
