@@ -1,5 +1,6 @@
 // FIO: folders and files by name: create, remove, delete, rename, attributes.
 #include "brelt/fio.h"
+#include "brelt/str/copies.h"
 #include "fio/file_name.h"
 #include "platform/file_names.h"
 
@@ -29,10 +30,12 @@ void DeleteA(unsigned int high, const char* name) {
   if (PrepareName(high, name, &path)) pf::RemoveFile(path.text);
 }
 
-// Both names must fit before anything happens.
+// Both names must fit before anything happens, the last error included: the old name is only
+// copied, and the new one's preparation clears the error.
 void RenameA(unsigned int high, const char* name, unsigned int newhigh, const char* newname) {
   SystemName from, to;
-  if (PrepareName(high, name, &from) && PrepareName(newhigh, newname, &to)) {
+  if (Str::StrToCA(high, name, brelt::fio::kNameHigh, from.text) &&
+      PrepareName(newhigh, newname, &to)) {
     pf::RenameEntry(from.text, to.text);
   }
 }

@@ -178,6 +178,7 @@ bool ResolveName(const char* name, NameUse use, NativeName* out) {
     pos = end;
   }
   path.Finish();
+  if (use == NameUse::kAsWritten) return true;
   return MatchCaseOnDisk(out, static_cast<std::uint32_t>(root.size()),
                          use == NameUse::kPlain);
 }

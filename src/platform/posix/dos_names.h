@@ -34,6 +34,7 @@ enum class NameUse {
   kPattern,  // a search pattern: * and ? are allowed in the last component, which is kept
              // as written (in native bytes) and not looked up
   kNewName,  // a name to be given: the last component is kept as written
+  kAsWritten,  // every component as written, nothing looked up on disk
 };
 
 // Sets the last error and answers false for a name that cannot be resolved.

@@ -18,7 +18,8 @@ struct Drives {
   char current = 'C';
   bool mapped[26] = {};
   std::string root[26];
-  std::string dir[26];
+  std::string dir[26];    // where the drive's directory is, as the system names it
+  std::string shown[26];  // the same, spelled as the caller gave it
   Drives() { mapped['C' - 'A'] = true; }
 };
 
@@ -46,10 +47,14 @@ bool Below(const std::string& root, const std::string& path, std::string* rest) 
 void FollowProcessDirectory(Drives& d) {
   char cwd[PATH_MAX];
   if (getcwd(cwd, sizeof cwd) == nullptr) return;
-  const int i = d.current - 'A';
-  if (Below(d.root[i], cwd, &d.dir[i])) return;
-  d.current = 'C';
-  Below("", cwd, &d.dir['C' - 'A']);
+  int i = d.current - 'A';
+  std::string rest;
+  if (!Below(d.root[i], cwd, &rest)) {
+    d.current = 'C';
+    i = 'C' - 'A';
+    Below("", cwd, &rest);
+  }
+  if (rest != d.dir[i]) d.dir[i] = d.shown[i] = rest;
 }
 
 }  // namespace
@@ -61,7 +66,7 @@ bool DriveFolders(char letter, std::string* root, std::string* current) {
   if (i < 0 || !d.mapped[i]) return false;
   if (i == d.current - 'A') FollowProcessDirectory(d);
   *root = d.root[i];
-  *current = d.dir[i];
+  *current = d.shown[i];
   return true;
 }
 
@@ -72,18 +77,22 @@ char CurrentDrive() {
   return d.current;
 }
 
-bool EnterDirectory(char letter, const std::string& native) {
+bool EnterDirectory(char letter, const std::string& native, const std::string& spelled) {
   Drives& d = State();
   std::lock_guard<std::recursive_mutex> hold(d.lock);
   const int i = Index(letter);
-  std::string rest;
-  if (i < 0 || !d.mapped[i] || !Below(d.root[i], native, &rest)) {
+  std::string shown;
+  if (i < 0 || !d.mapped[i] || !Below(d.root[i], spelled, &shown)) {
     return Fail(kErrorPathNotFound);
   }
   FollowProcessDirectory(d);  // the drive we leave keeps where it was
-  if (chdir(native.empty() ? "/" : native.c_str()) != 0) return FailFromErrno();
+  if (chdir(native.c_str()) != 0) return FailFromErrno();
   d.current = static_cast<char>('A' + i);
-  d.dir[i] = rest;
+  d.shown[i] = shown;
+  d.dir[i] = shown;
+  char cwd[PATH_MAX];
+  // Compared with later readings, so the system's own name of the folder is kept.
+  if (getcwd(cwd, sizeof cwd) != nullptr) Below(d.root[i], cwd, &d.dir[i]);
   return true;
 }
 
@@ -103,6 +112,7 @@ bool MapDriveLetter(char letter, const char* folder) {
   if (!S_ISDIR(st.st_mode)) return Fail(kErrorDirectory);
   d.root[i] = real[1] == '\0' ? "" : real;
   d.dir[i].clear();
+  d.shown[i].clear();
   d.mapped[i] = true;
   return true;
 }

@@ -112,6 +112,9 @@ Handle OpenNamedFile(const char* name, std::uint32_t access, std::uint32_t /*sha
 }
 
 bool CloseFile(Handle file) {
+  // On Windows all ones also names the process itself, whose closing succeeds and does
+  // nothing; so closing the failure value is harmless on both targets.
+  if (file == kInvalidHandle) return true;
   const int fd = Descriptor(file);
   if (fd < 0) return false;
   // A close interrupted by a signal has released the descriptor all the same on Linux.

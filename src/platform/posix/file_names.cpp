@@ -122,11 +122,12 @@ std::uint32_t CurrentDirectory(std::uint32_t cap, char* buf) {
 }
 
 bool ChangeDirectory(const char* name) {
-  NativeName n;
+  NativeName n, spelled;
   struct stat st;
   if (!Existing(name, &n, &st)) return false;
   if (!S_ISDIR(st.st_mode)) return Fail(kErrorDirectory);
-  return posix::EnterDirectory(n.drive, n.path);
+  if (!posix::ResolveName(name, NameUse::kAsWritten, &spelled)) return false;
+  return posix::EnterDirectory(n.drive, n.path, spelled.path);
 }
 
 bool MapDrive(char letter, const char* folder) { return posix::MapDriveLetter(letter, folder); }
