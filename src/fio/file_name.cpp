@@ -15,8 +15,10 @@ bool PrepareName(unsigned int high, const char* name, SystemName* out) {
 bool PrepareName(unsigned int high, const WChar* name, SystemName* out) {
   WChar wide[kNameHigh + 1];
   if (!Str::StrToCW(high, name, kNameHigh, wide)) return false;
-  platform::SetLastError(0);
+  out->text[kNameHigh] = out->text[kNameHigh + 1] = '\0';
   Str::U2A(kNameHigh, wide, kNameHigh, out->text);
+  if (out->text[kNameHigh] != '\0') return false;
+  platform::SetLastError(0);
   return true;
 }
 
