@@ -36,4 +36,24 @@ TEST_F(FioNames, Windows1252NamesOnDisk) {
   pf::PinCodePage(before);
 }
 
+// Under UTF-8 a 16-bit name within the limit can grow past it: 258 characters and one that
+// takes two bytes fill all 260, and the name is refused like a longer one. The length is made
+// of ".\" steps, which lead nowhere.
+TEST_F(FioNames, WideNameLongerInEightBits) {
+  const unsigned int before = pf::ActiveCodePageId();
+  if (!pf::PinCodePage(65001)) GTEST_SKIP() << "the system code page is " << before;
+  for (const unsigned letters : {257u, 258u}) {
+    std::u16string units;
+    while (units.size() + 2 <= letters - 9) units += u".\\";
+    units += std::u16string(letters - units.size(), u'w') + u'\u00E9';
+    std::basic_string<brelt::WChar> name(units.begin(), units.end());
+    SetErrorToFileNotFound();
+    const FIO::FileHandle h = FIO::CreateW(static_cast<unsigned>(name.size()) - 1, name.data(), 0);
+    EXPECT_EQ(h != brelt::kInvalidFileHandle, letters == 257) << letters;
+    EXPECT_EQ(FIO::IOresult(), letters == 257 ? 0u : 2u) << letters;
+    FIO::Close(h);
+  }
+  pf::PinCodePage(before);
+}
+
 }  // namespace
