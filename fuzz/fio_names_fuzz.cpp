@@ -67,7 +67,9 @@ bool Inside(const px::NativeName& n) {
 std::size_t EntriesIn(const std::string& dir) {
   DIR* d = opendir(dir.c_str());
   std::size_t n = 0;
-  while (const dirent* e = readdir(d)) n += std::strcmp(e->d_name, ".") && std::strcmp(e->d_name, "..");
+  while (const dirent* e = readdir(d)) {
+    n += std::strcmp(e->d_name, ".") != 0 && std::strcmp(e->d_name, "..") != 0;
+  }
   closedir(d);
   return n;
 }
@@ -135,8 +137,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     GuardedArray<WChar> name(prefix.size() + input.size() / 2);
     for (std::size_t i = 0; i < prefix.size(); ++i) name[i] = static_cast<WChar>(prefix[i]);
     for (std::size_t i = 0; i + 1 < input.size(); i += 2) {
-      name[prefix.size() + i / 2] = static_cast<WChar>(static_cast<unsigned char>(input[i]) |
-                                                       static_cast<unsigned char>(input[i + 1]) << 8);
+      const unsigned lo = static_cast<unsigned char>(input[i]);
+      const unsigned hi = static_cast<unsigned char>(input[i + 1]);
+      name[prefix.size() + i / 2] = static_cast<WChar>(lo | hi << 8);
     }
     Str::U2A(name.high(), name.data(), 259, systemName);
     CheckLifeInScratch(name, systemName);

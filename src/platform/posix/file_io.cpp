@@ -72,6 +72,11 @@ int OpenExisting(const char* path, int flags) {
   return fd;
 }
 
+// Where a move by `method` counts from.
+off_t Origin(int fd, std::uint32_t method) {
+  return method == kFromBegin ? 0 : lseek(fd, 0, method == kFromEnd ? SEEK_END : SEEK_CUR);
+}
+
 }  // namespace
 
 Handle OpenNamedFile(const char* name, std::uint32_t access, std::uint32_t /*share*/,
@@ -157,9 +162,9 @@ bool MoveFilePointer(Handle file, std::int64_t distance, std::uint64_t* position
   const int fd = Descriptor(file);
   if (fd < 0) return false;
   if (method > kFromEnd) return Fail(kErrorInvalidParameter);
-  const off_t base = method == kFromBegin ? 0 : lseek(fd, 0, method == kFromEnd ? SEEK_END : SEEK_CUR);
+  const off_t base = Origin(fd, method);
   if (base < 0) return FailFromErrno();
-  if ((distance < 0 && -static_cast<std::uint64_t>(distance) > static_cast<std::uint64_t>(base))) {
+  if (distance < 0 && -static_cast<std::uint64_t>(distance) > static_cast<std::uint64_t>(base)) {
     return Fail(kErrorNegativeSeek);
   }
   const off_t to = lseek(fd, base + distance, SEEK_SET);
@@ -174,11 +179,11 @@ std::uint32_t MoveFilePointer32(Handle file, std::int32_t distance, std::int32_t
   if (fd < 0) return kInvalid32;
   std::int64_t whole = distance;
   if (high != nullptr) {
-    whole = static_cast<std::int64_t>((static_cast<std::uint64_t>(static_cast<std::uint32_t>(*high)) << 32) |
-                                      static_cast<std::uint32_t>(distance));
+    const std::uint64_t upper = static_cast<std::uint32_t>(*high);
+    whole = static_cast<std::int64_t>(upper << 32 | static_cast<std::uint32_t>(distance));
   } else {
     // The position must fit in 32 bits: find it before moving.
-    const off_t base = method == kFromBegin ? 0 : lseek(fd, 0, method == kFromEnd ? SEEK_END : SEEK_CUR);
+    const off_t base = Origin(fd, method);
     if (base < 0) return FailFromErrno(), kInvalid32;
     if (base + distance > 0xFFFFFFFE) return Fail(kErrorInvalidParameter), kInvalid32;
   }

@@ -98,7 +98,9 @@ bool NextFitting(Search& s, FindRecord* record) {
 Handle FindFirst(const char* pattern, FindRecord* record) {
   posix::NativeName n;
   if (!posix::ResolveName(pattern, posix::NameUse::kPattern, &n)) return kInvalidHandle;
-  if (n.trailingSeparator || n.lastStart == n.length) return Fail(kErrorFileNotFound), kInvalidHandle;
+  if (n.trailingSeparator || n.lastStart == n.length) {
+    return Fail(kErrorFileNotFound), kInvalidHandle;
+  }
   auto search = std::make_unique<Search>();
   // The pattern goes back to the code page, in which entries are matched.
   const std::uint32_t p = posix::NativeToCodePage(n.path + n.lastStart, n.length - n.lastStart,
