@@ -36,7 +36,8 @@ namespace px = brelt::platform::posix;
 using brelt::WChar;
 using brelt::test::GuardedArray;
 
-#define CHECK(cond) ((cond) ? (void)0 : (std::fprintf(stderr, "broken: %s\n", #cond), std::abort()))
+#define CHECK(cond) \
+  ((cond) ? (void)0 : (std::fprintf(stderr, "invariant broken: %s\n", #cond), std::abort()))
 
 // The scratch folder, made once and removed at exit (it is empty between inputs); its native
 // name.
