@@ -1,7 +1,7 @@
 // The library's own print engine, digit side: the decimal digits of a double's exact value,
-// rounded on the first dropped digit, 5 and up away from zero. The C library's printf rounds
-// exact ties to even on some targets and not on others, so the digits are made here, the
-// same on every target.
+// rounded on the first dropped digit, 5 and up away from zero. The targets' C libraries round
+// exact ties to even, which is not what callers get from this library, so the digits are made
+// here, the same on every target.
 #pragma once
 
 #include <cstdint>

@@ -204,7 +204,6 @@ TEST(RealEngine, MatchesTheExactReference) {
   const long samples = env != nullptr ? std::atol(env) : 20000;
   std::mt19937_64 rng(20240610);
   static char text[2400];
-  static brelt::WChar wide[2400];
   long compared = 0, ties = 0, againstToChars = 0;
   for (long n = 0; n < samples; ++n) {
     const double v = Sample(rng);
@@ -251,12 +250,6 @@ TEST(RealEngine, MatchesTheExactReference) {
       real::PrintCutting(v, c, static_cast<unsigned>(size - 1), cut.data());
       const std::string stored = want.substr(0, size) + std::string(size > want.size(), '\0');
       ASSERT_EQ(std::string(cut.data(), size), stored) << "cut to " << size << ", " << what();
-
-      if (n % 16 == 0) {  // the 16-bit twin, now and then
-        ASSERT_TRUE(real::PrintStrict(v, c, sizeof text - 1, wide)) << what();
-        ASSERT_EQ(std::string(wide, wide + want.size()), want) << what();
-        ASSERT_EQ(wide[want.size()], 0) << what();
-      }
     }
   }
   std::printf("[ real engine ] %ld doubles, %ld texts, %ld exact ties, %ld also against "

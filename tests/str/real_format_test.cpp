@@ -110,6 +110,7 @@ TYPED_TEST(RealFormat, CorrectedRealToStr) {
       {1.5, 0, "1.5E+0", 1, 79, 1},  {123456.789, 0, "123.456789E+3", 1, 79, 1},
       {1.5, 5, "2", 1, 3},  {12.5, 5, "", 0, 3},  {0.123, 15, "0.1", 1, 3},  // d falls to 1
       {-0.1, 5, "-0.1", 1, 4},  // an array exactly d long: d falls to 2, "-0.10" fills it
+      {0.5, 15, "0", 1, 1},  // the cut print "0." loses its bare point
       {kNaN, 0, kUntouched, 0},
   };
   for (const Row& r : rows) {
