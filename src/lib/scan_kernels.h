@@ -32,6 +32,9 @@ struct Kernels {
 
 // The table for this CPU; the 16-byte one until load-time selection has run.
 const Kernels& Active();
+// Makes `k` the active table, so that tests can walk the library's text operations at every
+// width the CPU offers.
+void UseKernels(const Kernels& k);
 
 // Below this many bytes the call through the table costs more than the wider blocks gain.
 inline constexpr std::uint64_t kInlineBytes = 128;

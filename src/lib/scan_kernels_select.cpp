@@ -20,5 +20,6 @@ const Kernels* active = &kSse2Kernels;
 }  // namespace
 
 const Kernels& Active() { return *active; }
+void UseKernels(const Kernels& k) { active = &k; }
 
 }  // namespace brelt::scan

@@ -96,6 +96,16 @@ struct Avx512 {
 };
 #endif
 
+// One element at a position that may be misaligned for its type (16-bit text at an odd
+// address): loaded by bytes, since a plain access there is undefined.
+template <class T>
+inline T ElementAt(const T* p, std::int64_t i) {
+  T v;
+  __builtin_memcpy(&v, reinterpret_cast<const unsigned char*>(p) + i * std::int64_t{sizeof(T)},
+                   sizeof(T));
+  return v;
+}
+
 // A test turns a block into keys. With kHitIsZero the lanes that meet the test hold zero, so
 // four blocks fold into one with an unsigned minimum; otherwise they hold non-zero and fold
 // with OR. Hit() is the same test on one element.
@@ -185,7 +195,7 @@ BRELT_WHOLE_BLOCK_READS inline std::uint64_t Forward(const T* p, std::uint64_t n
   if (reinterpret_cast<std::uintptr_t>(p) % sizeof(T) != 0) {
     // Elements that straddle lanes: one at a time.
     for (std::uint64_t i = 0; i < n; ++i) {
-      if (test.Hit(p[i])) return i;
+      if (test.Hit(ElementAt(p, i))) return i;
     }
     return n;
   }
@@ -202,6 +212,15 @@ BRELT_WHOLE_BLOCK_READS inline std::uint64_t Forward(const T* p, std::uint64_t n
   }
   std::uint64_t done = B - skip;
   block += B;
+  // The unrolled loop loads four blocks before it tests any. It starts on a four-block
+  // boundary, so its loads stay on the page of the first: a walk that ends at a NUL just
+  // before an unreadable page never touches that page.
+  for (; done < bytes && reinterpret_cast<std::uintptr_t>(block) % (4 * B) != 0;
+       done += B, block += B) {
+    if (Bits m = hits(block)) {
+      return element(done + static_cast<unsigned>(__builtin_ctzll(m)));
+    }
+  }
   for (; done < bytes && bytes - done >= 4 * B; done += 4 * B, block += 4 * B) {
     auto k0 = test.Key(LoadOnce<W>(block));
     auto k1 = test.Key(LoadOnce<W>(block + B));
@@ -225,7 +244,7 @@ BRELT_WHOLE_BLOCK_READS inline std::uint64_t Backward(const T* last, std::uint64
   if (n == 0) return 0;
   if (reinterpret_cast<std::uintptr_t>(last) % sizeof(T) != 0) {
     for (std::uint64_t i = 0; i < n; ++i) {
-      if (test.Hit(*(last - i))) return i;
+      if (test.Hit(ElementAt(last, -static_cast<std::int64_t>(i)))) return i;
     }
     return n;
   }
@@ -263,30 +282,52 @@ inline std::uint64_t Count(const T* p, std::uint64_t n, T v) {
     lanes += static_cast<unsigned>(__builtin_popcountll(W::Mask(W::Eq(W::Load(p + i), want, T{}))));
   }
   std::uint64_t count = lanes / sizeof(T);
-  for (; i < n; ++i) count += (p[i] == v);
+  for (; i < n; ++i) count += (ElementAt(p, i) == v);
   return count;
 }
 
-// Index of the first byte that differs between a[0..n) and b[0..n), or n. The areas need not
-// share an alignment, so this walk reads whole blocks inside them only.
+// Bytes from p up to the next 4 KiB boundary, the smallest page of every target.
+inline std::uint64_t PageRoom(const std::uint8_t* p) {
+  return 4096 - (reinterpret_cast<std::uintptr_t>(p) & 4095);
+}
+
+// Index of the first byte that differs between a[0..n) and b[0..n), or n. Only the bytes up to
+// the first difference need be readable, and the areas need not share an alignment: blocks
+// are read whole only where, on both sides, they end before the next page boundary, so no
+// read reaches a page beyond the one that holds the difference. At a boundary one block that
+// ends on it, overlapping bytes already found equal, takes the rest of the page.
 template <class W>
 inline std::uint64_t Mismatch(const std::uint8_t* a, const std::uint8_t* b, std::uint64_t n) {
   constexpr unsigned B = W::kBytes;
   constexpr Bits kAll = W::kFull;
+  auto same = [&](std::uint64_t at) {
+    return W::Mask(W::Eq(W::Load(a + at), W::Load(b + at), std::uint8_t{}));
+  };
   std::uint64_t i = 0;
-  for (; n - i >= 4 * B; i += 4 * B) {
-    auto e0 = W::Eq(W::Load(a + i), W::Load(b + i), std::uint8_t{});
-    auto e1 = W::Eq(W::Load(a + i + B), W::Load(b + i + B), std::uint8_t{});
-    auto e2 = W::Eq(W::Load(a + i + 2 * B), W::Load(b + i + 2 * B), std::uint8_t{});
-    auto e3 = W::Eq(W::Load(a + i + 3 * B), W::Load(b + i + 3 * B), std::uint8_t{});
-    if (W::Mask(W::And(W::And(e0, e1), W::And(e2, e3))) != kAll) break;
-  }
-  for (; n - i >= B; i += B) {
-    const Bits same = W::Mask(W::Eq(W::Load(a + i), W::Load(b + i), std::uint8_t{}));
-    if (same != kAll) return i + static_cast<unsigned>(__builtin_ctzll(~same));
-  }
-  for (; i < n; ++i) {
-    if (a[i] != b[i]) return i;
+  while (i < n) {
+    const std::uint64_t end = std::min(n, i + std::min(PageRoom(a + i), PageRoom(b + i)));
+    for (; end - i >= 4 * B; i += 4 * B) {
+      auto e0 = W::Eq(W::Load(a + i), W::Load(b + i), std::uint8_t{});
+      auto e1 = W::Eq(W::Load(a + i + B), W::Load(b + i + B), std::uint8_t{});
+      auto e2 = W::Eq(W::Load(a + i + 2 * B), W::Load(b + i + 2 * B), std::uint8_t{});
+      auto e3 = W::Eq(W::Load(a + i + 3 * B), W::Load(b + i + 3 * B), std::uint8_t{});
+      if (W::Mask(W::And(W::And(e0, e1), W::And(e2, e3))) != kAll) break;
+    }
+    for (; end - i >= B; i += B) {
+      const Bits s = same(i);
+      if (s != kAll) return i + static_cast<unsigned>(__builtin_ctzll(~s));
+    }
+    if (i == end) continue;
+    if (end >= B) {
+      // Lane j stands for byte end - B + j; those below i were compared before.
+      const Bits differ = (~same(end - B) & kAll) >> (B - (end - i));
+      if (differ) return i + static_cast<unsigned>(__builtin_ctzll(differ));
+    } else {
+      for (; i < end; ++i) {
+        if (a[i] != b[i]) return i;
+      }
+    }
+    i = end;
   }
   return n;
 }

@@ -11,12 +11,20 @@ namespace {
 constexpr double kOneMsInDays = 1.1574074074074074e-8;
 constexpr int kFirstGregorianDay = 2299161;
 
-// Truncation towards zero in 32 bits, as the date steps take it.
-inline std::int32_t Trunc32(double x) { return static_cast<std::int32_t>(x); }
-// Truncation in 64 bits whose low 32 bits are the stored field.
-inline std::uint32_t Trunc64Low(double x) {
-  return static_cast<std::uint32_t>(static_cast<std::int64_t>(x));
+// Truncation towards zero in 32 bits, as the date steps take it. A value out of range (or
+// NaN) gives the lowest value of the width, as the processor's conversion does, so that no
+// compiler is free to give anything else.
+inline std::int32_t Trunc32(double x) {
+  return x > -2147483649.0 && x < 2147483648.0 ? static_cast<std::int32_t>(x) : INT32_MIN;
 }
+inline std::int64_t Trunc64(double x) {
+  return x >= -9223372036854775808.0 && x < 9223372036854775808.0 ? static_cast<std::int64_t>(x)
+                                                                   : INT64_MIN;
+}
+// Truncation in 64 bits whose low 32 bits are the stored field.
+inline std::uint32_t Trunc64Low(double x) { return static_cast<std::uint32_t>(Trunc64(x)); }
+// Sums of the date steps wrap in 32 bits, as their registers do, for any input.
+inline std::int32_t Wrap32(std::int64_t v) { return static_cast<std::int32_t>(v); }
 
 struct CivilDay {
   int year, month, day;
@@ -31,19 +39,19 @@ CivilDay FromJulian(double jd) {
   double f = std::modf(x, &whole);
   if (1.0 - f < kOneMsInDays) {
     f = 0.0;
-    z = z + 1;
+    z = Wrap32(std::int64_t{z} + 1);
   }
   if (z >= kFirstGregorianDay) {
     const std::int32_t a = Trunc32((z - 1867216.25) / 36524.25);
-    z = z + 1 + a - a / 4;
+    z = Wrap32(std::int64_t{z} + 1 + a - a / 4);
   }
   const double b = z + 1524.0;
   const std::int32_t g = Trunc32((b - 122.1) / 365.25);
   const double r = b - Trunc32(g * 365.25);
   const std::int32_t e = Trunc32(r / 30.6001);
   CivilDay out;
-  out.month = e > 13 ? e - 13 : e - 1;
-  out.year = out.month > 2 ? g - 4716 : g - 4715;
+  out.month = Wrap32(std::int64_t{e} - (e > 13 ? 13 : 1));
+  out.year = Wrap32(std::int64_t{g} - (out.month > 2 ? 4716 : 4715));
   out.day = Trunc32(r - Trunc32(e * 30.6001));
   out.fraction = f;
   return out;
@@ -88,11 +96,11 @@ double JD(int year, int month, int day, double fraction) {
   // March-based year: January and February count as months 13 and 14 of the year before.
   std::int32_t y, m;
   if (month < 3) {
-    y = year - 1;
-    m = month + 13;
+    y = Wrap32(std::int64_t{year} - 1);
+    m = Wrap32(std::int64_t{month} + 13);
   } else {
     y = year;
-    m = month + 1;
+    m = Wrap32(std::int64_t{month} + 1);
   }
   const std::int32_t a = y / 100;
   std::int32_t b = a / 4 - a + 2;
@@ -101,7 +109,8 @@ double JD(int year, int month, int day, double fraction) {
   const double c = y < 0 ? 0.75 : 0.0;
   const std::int32_t yearDays = Trunc32(c - y * 365.25);
   const std::int32_t monthDays = Trunc32(m * 30.6001);
-  return static_cast<double>(monthDays - yearDays + b + day) + 1720994.5 + fraction;
+  const std::int32_t days = Wrap32(std::int64_t{monthDays} - yearDays + b + day);
+  return static_cast<double>(days) + 1720994.5 + fraction;
 }
 
 void iJD(double jd, int* year, int* month, int* day, double* fraction) {
@@ -125,7 +134,7 @@ void JDToSystemTime(double jd, _SYSTEMTIME* st) {
   st->wMonth = static_cast<unsigned short>(d.month);
   st->wDay = static_cast<unsigned short>(d.day);
   // From jd itself: the snap to the next midnight does not move the day of the week.
-  const auto dayNumber = static_cast<std::uint32_t>(static_cast<std::int64_t>(jd + 1.5));
+  const auto dayNumber = Trunc64Low(jd + 1.5);
   st->wDayOfWeek = static_cast<unsigned short>(dayNumber % 7);
   const Clock c = SplitDayFraction(d.fraction);
   st->wHour = static_cast<unsigned short>(c.hours);
@@ -162,7 +171,7 @@ void iDays(double value, unsigned int* years, unsigned int* months, unsigned int
   *months = Trunc64Low(t);
   t = (t - *months) * 30.6001;
   *days = Trunc64Low(t);
-  const auto ms = static_cast<std::uint32_t>(static_cast<std::int64_t>((t - *days) * 86400000.0 + 0.5));
+  const std::uint32_t ms = Trunc64Low((t - *days) * 86400000.0 + 0.5);
   *fraction = ms / 86400000.0;
   if (SplitDayFraction(*fraction).hours == 24) {
     // A fraction that rounds to a whole day becomes the next day at its midnight, so that

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "guarded_array.h"
-#include "lib/scan_kernels_table.h"
+#include "kernel_tables.h"
 
 namespace {
 
@@ -18,15 +18,8 @@ using scan::Kernels;
 using brelt::test::GuardedArray;
 using brelt::test::GuardSide;
 
-struct Table { const char* name; const Kernels* kernels; };
-
-std::vector<Table> Runnable() {
-  std::vector<Table> tables{{"sse2", &scan::kSse2Kernels}};
-  __builtin_cpu_init();
-  if (__builtin_cpu_supports("avx2")) tables.push_back({"avx2", &scan::kAvx2Kernels});
-  if (__builtin_cpu_supports("avx512bw")) tables.push_back({"avx512", &scan::kAvx512Kernels});
-  return tables;
-}
+using Table = brelt::test::KernelTable;
+const auto Runnable = brelt::test::RunnableKernelTables;
 
 // Index of the first of n elements, stepping by `step` from p, that `hit` takes; n if none.
 template <class T, class Hit>

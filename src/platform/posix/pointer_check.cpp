@@ -52,6 +52,8 @@ bool CanReadText(const char* p, std::uint64_t n) {
   const auto from = reinterpret_cast<std::uintptr_t>(p);
   const std::uint64_t readable = AccessibleEnd(from, 0, 'r') - from;
   const std::uint64_t look = readable < n ? readable : n;
+  // Nothing readable (a null pointer among others): memchr may not be given it.
+  if (look == 0) return false;
   if (std::memchr(p, 0, look) != nullptr) return true;
   return look == n;
 }
