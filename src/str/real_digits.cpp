@@ -93,13 +93,20 @@ constexpr std::array<char, 200> kPairs = [] {
 }();
 
 // Exactly `width` digits of v (v below 10^width), leading zeros included, ending before `end`.
+// Eight digits at a time in 32-bit arithmetic, which divides faster than 64-bit.
 void PutFixedWidth(std::uint64_t v, char* end, unsigned width) {
-  for (; width >= 2; width -= 2) {
-    std::memcpy(end - 2, &kPairs[(v % 100) * 2], 2);
-    v /= 100;
-    end -= 2;
+  for (; width >= 8; width -= 8, end -= 8) {
+    auto eight = static_cast<std::uint32_t>(v % 100000000);
+    v /= 100000000;
+    for (int k = 2; k <= 8; k += 2, eight /= 100) {
+      std::memcpy(end - k, &kPairs[(eight % 100) * 2], 2);
+    }
   }
-  if (width != 0) end[-1] = static_cast<char>('0' + v);
+  auto rest = static_cast<std::uint32_t>(v);  // below 10^8 now
+  for (; width >= 2; width -= 2, rest /= 100, end -= 2) {
+    std::memcpy(end - 2, &kPairs[(rest % 100) * 2], 2);
+  }
+  if (width != 0) end[-1] = static_cast<char>('0' + rest);
 }
 
 // The digits of n without leading zeros into out.digit; n above 0.

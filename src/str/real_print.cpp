@@ -5,6 +5,7 @@
 
 #include <bit>
 #include <cstdint>
+#include <cstring>
 
 #include "str/real_digits.h"
 
@@ -21,12 +22,20 @@ class Writer {
   }
   void Fill(char c, std::uint64_t k) {
     const std::uint64_t end = Stored(k);
-    for (std::uint64_t i = n_; i < end; ++i) dst_[i] = static_cast<T>(c);
+    if constexpr (sizeof(T) == 1) {
+      std::memset(dst_ + n_, c, end - n_);
+    } else {
+      for (std::uint64_t i = n_; i < end; ++i) dst_[i] = static_cast<T>(c);
+    }
     n_ += k;
   }
   void Copy(const char* s, std::uint64_t k) {
     const std::uint64_t end = Stored(k);
-    for (std::uint64_t i = n_; i < end; ++i) dst_[i] = static_cast<T>(*s++);
+    if constexpr (sizeof(T) == 1) {
+      std::memcpy(dst_ + n_, s, end - n_);
+    } else {
+      for (std::uint64_t i = n_; i < end; ++i) dst_[i] = static_cast<T>(*s++);
+    }
     n_ += k;
   }
   void Point() {
