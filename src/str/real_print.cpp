@@ -82,8 +82,8 @@ struct Number {
 void Prepare(double value, const Conversion& c, Number& num) {
   const auto bits = std::bit_cast<std::uint64_t>(value);
   num.negative = (bits >> 63) != 0;
-  const bool special = ((bits >> 52) & 0x7FF) == 0x7FF;
-  num.kind = !special ? Kind::kFinite
+  const bool nonFinite = ((bits >> 52) & 0x7FF) == 0x7FF;
+  num.kind = !nonFinite ? Kind::kFinite
                       : ((bits << 12) == 0 ? Kind::kInfinite : Kind::kNaN);
   if (num.kind != Kind::kFinite) return;
   switch (c.style) {

@@ -13,7 +13,7 @@
 //   string and *ok is 0;
 // - cutting: at most high + 1 characters are stored and the rest dropped, with a NUL only if
 //   room is left; no failure is reported.
-// Elements behind a final NUL are unspecified. `ok` is always written unless said otherwise.
+// Elements behind a final NUL may hold anything. `ok` is always written unless said otherwise.
 #pragma once
 
 #include <brelt/config.h>
