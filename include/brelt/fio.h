@@ -1,5 +1,6 @@
 // FIO: files through unbuffered handles. Opening, binary transfer, positions and sizes;
-// directory walks, the current directory and drive, attributes and file times.
+// directory walks, the current directory and drive, attributes and file times; text read and
+// written token by token (fio/text_reader.h, fio/text_writer.h).
 //
 // A name is a bounded string of at most 259 characters; a longer one is refused before any
 // system call, and then the last error stays as it was. Every other failure leaves the
@@ -8,6 +9,8 @@
 #pragma once
 
 #include <brelt/config.h>
+#include <brelt/fio/text_reader.h>
+#include <brelt/fio/text_writer.h>
 
 namespace FIO {
 

@@ -6,6 +6,7 @@
 // FIOR and MATHLIB need no step: their state is complete as loaded.
 #include "startup.h"
 
+#include "brelt/fio.h"
 #include "brelt/os.h"
 #include "brelt/seh.h"
 #include "brelt/storage.h"
@@ -14,6 +15,7 @@
 namespace brelt::frame {
 
 void RunStartup() {
+  FIO::InitModule();
   SEH::InitModule();
   Storage::InitModule();
   os::__INIT();

@@ -53,6 +53,11 @@ bool MoveFilePointer(Handle file, std::int64_t distance, std::uint64_t* position
 std::uint32_t FileSize32(Handle file, std::uint32_t* high);
 bool FileSize(Handle file, std::uint64_t* size);
 
+// True when the handle is a file on disk, whose reads come from a position that can be moved
+// back over what they delivered; its size goes to `size`. Pipes, consoles and devices answer
+// false. The last error is left to the call.
+bool DiskFileSize(Handle file, std::uint64_t* size);
+
 // The file ends at the current position.
 bool CutFileAtPosition(Handle file);
 bool FlushFile(Handle file);

@@ -210,6 +210,17 @@ bool FileSize(Handle file, std::uint64_t* size) {
   return true;
 }
 
+bool DiskFileSize(Handle file, std::uint64_t* size) {
+  *size = 0;
+  const int fd = Descriptor(file);
+  if (fd < 0) return false;
+  struct stat st;
+  if (fstat(fd, &st) != 0) return FailFromErrno();
+  if (!S_ISREG(st.st_mode)) return false;
+  *size = static_cast<std::uint64_t>(st.st_size);
+  return true;
+}
+
 bool CutFileAtPosition(Handle file) {
   const int fd = Descriptor(file);
   if (fd < 0) return false;

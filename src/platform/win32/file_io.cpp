@@ -58,6 +58,12 @@ bool FileSize(Handle file, std::uint64_t* size) {
   return ok;
 }
 
+bool DiskFileSize(Handle file, std::uint64_t* size) {
+  *size = 0;
+  if (GetFileType(file) != FILE_TYPE_DISK) return false;
+  return FileSize(file, size);
+}
+
 bool CutFileAtPosition(Handle file) { return SetEndOfFile(file) != 0; }
 
 bool FlushFile(Handle file) { return FlushFileBuffers(file) != 0; }
