@@ -1,7 +1,8 @@
 // Files by handle over descriptors. Share modes have no meaning here and are not looked at.
 // Windows rules the layer keeps where POSIX would differ: a folder cannot be opened as a file,
 // a read-only file cannot be opened for writing (not even by root), and a handle opened for
-// reading refuses writing, truncating and flushing with "access denied", not "invalid handle".
+// reading refuses writing, truncating and flushing with "access denied", not "invalid handle";
+// a read at the end of a pipe fails with "broken pipe".
 #include "platform/file_io.h"
 
 #include <errno.h>
@@ -134,6 +135,11 @@ bool ReadFromFile(Handle file, void* buf, std::uint32_t count, std::uint32_t* do
   do n = read(fd, buf, count); while (n < 0 && errno == EINTR);
   if (n < 0) return FailBadDescriptor(fd);
   *done = static_cast<std::uint32_t>(n);
+  // A pipe whose writers are all gone: Windows fails such a read with "broken pipe".
+  struct stat st;
+  if (n == 0 && count > 0 && fstat(fd, &st) == 0 && S_ISFIFO(st.st_mode)) {
+    return Fail(kErrorBrokenPipe);
+  }
   return true;
 }
 
