@@ -1,11 +1,8 @@
 // The token reader and writer over a POSIX pipe.
-#include <gtest/gtest.h>
 #include <unistd.h>
 
 #include "../../fio/token_pipe.h"
 #include "platform/handle.h"
-
-namespace {
 
 TEST(PosixTokenPipe, ReadsCharacterByCharacter) {
   int fds[2];
@@ -13,5 +10,3 @@ TEST(PosixTokenPipe, ReadsCharacterByCharacter) {
   namespace pf = brelt::platform;
   brelt::test::TokensThroughPipe(pf::HandleOfDescriptor(fds[0]), pf::HandleOfDescriptor(fds[1]));
 }
-
-}  // namespace
