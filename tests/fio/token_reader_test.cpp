@@ -75,8 +75,8 @@ TYPED_TEST(FioReader, LinesAndLineEnds) {
 
 // A lone last byte of 16-bit text is a character of its own.
 TYPED_TEST(FioReader, Characters) {
-  const FileHandle h = this->Open("");
   this->Put("t", "\x41\x01\x42");
+  const FileHandle h = FIO::OpenA(0, "t", 0);
   const auto want = sizeof(TypeParam) == 1 ? std::vector{65u, 1u, 66u, 0u} : std::vector{321u, 66u, 0u};
   for (const unsigned c : want) EXPECT_EQ(this->RdChar(h), c);
   EXPECT_EQ(FIO::GetPos(h), 3u);
