@@ -25,11 +25,17 @@ TEST(CapLow, FoldsLettersOnlyInBothWidths) {
   // ASCII rows (the neighbours of both letter ranges among them) run through both widths.
   // Latin-1 with partners in Latin Extended, Greek, Cyrillic; sharp s and the euro stay.
   // Alpha with ypogegrammeni: its full capital is two characters, its simple one is one.
+  // A character whose partner maps elsewhere stays both ways (micro sign, capital I with dot,
+  // dotless i, long s, D with small z caron, final sigma, capital sharp s, Kelvin sign), while
+  // the pairs beside them still fold.
   struct Row { unsigned in, upper, lower; } rows[] = {
       {'a', 'A', 'a'}, {'Z', 'Z', 'z'}, {'@', '@', '@'}, {'[', '[', '['}, {'`', '`', '`'},
       {'{', '{', '{'}, {0xE9, 0xC9, 0xE9}, {0xFF, 0x178, 0xFF}, {0x178, 0x178, 0xFF},
       {0x3A3, 0x3A3, 0x3C3}, {0x44F, 0x42F, 0x44F}, {0xDF, 0xDF, 0xDF}, {0x20AC, 0x20AC, 0x20AC},
-      {0x1FB3, 0x1FBC, 0x1FB3}};
+      {0x1FB3, 0x1FBC, 0x1FB3}, {0xB5, 0xB5, 0xB5}, {0x3BC, 0x39C, 0x3BC}, {0x130, 0x130, 0x130},
+      {0x131, 0x131, 0x131}, {0x17F, 0x17F, 0x17F}, {0x1C5, 0x1C5, 0x1C5}, {0x1C6, 0x1C4, 0x1C6},
+      {0x3C2, 0x3C2, 0x3C2}, {0x3C3, 0x3A3, 0x3C3}, {0x1E9E, 0x1E9E, 0x1E9E},
+      {0x212A, 0x212A, 0x212A}};
   for (const Row& r : rows) {
     EXPECT_EQ(unsigned{Str::CapW(static_cast<WChar>(r.in))}, r.upper) << std::hex << r.in;
     EXPECT_EQ(unsigned{Str::LowW(static_cast<WChar>(r.in))}, r.lower) << std::hex << r.in;
