@@ -88,12 +88,19 @@ TEST(Compare, OrdersByUnsignedCodeInBothWidths) {
 
 TEST(LocaleCompareA, EmptyTextsAndPlainLatinOrder) {
   // Letters first, case only breaks ties, lower before upper; digits before letters and
-  // punctuation before digits. Lengths count, not terminators.
+  // symbols before digits, in the word sort's order of symbols. Lengths count, not
+  // terminators. Hyphens, apostrophes and control characters count only when all else is
+  // equal: the text without them first, then the one whose mark stands further right, then
+  // the lighter mark (control, apostrophe, hyphen).
   const SV kNul("\0", 1);
   struct Row { SV a, b; int withCase, withoutCase; } rows[] = {
       {kNul, kNul, 0, 0},    {kNul, "a", -1, -1},              {"a", kNul, 1, 1},
       {"a", "B", -1, -1},    {"abc", "ABC", -1, 0},            {"abc", SV("abc\0zz", 6), 0, 0},
-      {"1", "a", -1, -1},    {"-", "1", -1, -1}};
+      {"1", "a", -1, -1},    {"-", "1", -1, -1},               {"a b", "a_", -1, -1},
+      {"a_b", "a1", -1, -1}, {"a~", "a+", -1, -1},             {"-x", "a", 1, 1},
+      {"coop", "co-op", -1, -1},  {"co-op", "Coop", -1, 1},    {"coo-p", "co-op", -1, -1},
+      {"co'op", "co-op", -1, -1}, {"co-op", "co--op", -1, -1}, {"a-b", "aB", -1, 1},
+      {"ab", "a\x01" "b", -1, -1},   {"a\x01" "b", "a'b", -1, -1},   {"'", "-", -1, -1}};
   for (const Row& r : rows) {
     GuardedArray<char> a(r.a), b(r.b);
     SCOPED_TRACE(std::string(r.a) + "|" + std::string(r.b));
