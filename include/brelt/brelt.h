@@ -2,6 +2,7 @@
 #pragma once
 
 #include <brelt/config.h>
+#include <brelt/fio.h>
 #include <brelt/lib.h>
 #include <brelt/mathlib.h>
 #include <brelt/os.h>

@@ -5,6 +5,8 @@
 
 #include <cstdint>
 
+#include "brelt/config.h"
+
 namespace brelt::platform::posix {
 
 enum class CodePage { kWindows1252, kUtf8 };
@@ -23,5 +25,10 @@ char16_t Windows1252ToUnicode(unsigned char byte);
 
 // The byte for a UTF-16 unit, or -1 when Windows-1252 has no such character.
 int UnicodeToWindows1252(char16_t unit);
+
+// UTF-8 and 16-bit units whatever page is in use: POSIX file names are UTF-8 bytes. Same
+// contract as CodePageToUnits and UnitsToCodePage.
+std::uint32_t Utf8ToUnits(const char* src, std::uint32_t n, WChar* dst, std::uint32_t cap);
+std::uint32_t UnitsToUtf8(const WChar* src, std::uint32_t n, char* dst, std::uint32_t cap);
 
 }  // namespace brelt::platform::posix

@@ -206,6 +206,22 @@ std::uint32_t UnitsToCodePage(const WChar* src, std::uint32_t n, char* dst, std:
   return done ? out.Result() : 0;
 }
 
+namespace posix {
+
+std::uint32_t Utf8ToUnits(const char* src, std::uint32_t n, WChar* dst, std::uint32_t cap) {
+  if (dst == nullptr && cap != 0) return 0;
+  Sink<WChar> out(dst, cap);
+  return DecodeUtf8(reinterpret_cast<const unsigned char*>(src), n, out) ? out.Result() : 0;
+}
+
+std::uint32_t UnitsToUtf8(const WChar* src, std::uint32_t n, char* dst, std::uint32_t cap) {
+  if (dst == nullptr && cap != 0) return 0;
+  Sink<char> out(dst, cap);
+  return EncodeUtf8(src, n, out) ? out.Result() : 0;
+}
+
+}  // namespace posix
+
 unsigned int ActiveCodePageId() {
   return posix::ActiveCodePage() == CodePage::kUtf8 ? 65001 : 1252;
 }

@@ -1,5 +1,7 @@
 #include "platform/wait.h"
 
+#include "platform/handle.h"
+
 #include <errno.h>
 #include <poll.h>
 #include <time.h>
@@ -41,9 +43,9 @@ std::uint32_t WaitForHandlesOrInput(std::uint32_t count, void** handles, std::ui
   const std::int64_t deadline = NowMs() + timeout;
   pollfd fds[kMaxWaitHandles];
   for (std::uint32_t i = 0; i < count; ++i) {
-    const auto fd = reinterpret_cast<std::intptr_t>(handles[i]);
-    if (fd < 0 || fd > 0x7FFFFFFF) return kWaitFailed;
-    fds[i] = pollfd{static_cast<int>(fd), POLLIN, 0};
+    const int fd = DescriptorOf(handles[i]);
+    if (fd < 0) return kWaitFailed;
+    fds[i] = pollfd{fd, POLLIN, 0};
   }
   if (count == 0 || (flags & kWaitAllFlag) != 0) {
     // Waiting for all handles also waits for queue input, and that never comes: the call
