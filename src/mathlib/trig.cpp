@@ -10,26 +10,18 @@ using namespace brelt::mathlib;
 
 constexpr double kQuarterPi = 0.78539816339744828;  // below pi/4
 
-struct SinCos {
-  DD sin, cos;
-};
+DD SinReduced(DD r) { return Mul(r, Series(Mul(r, r), kSinSeries, 4)); }
+DD CosReduced(DD r) { return Series(Mul(r, r), kCosSeries, 4); }
 
-SinCos SinCosReduced(DD r) {
-  const DD z = Mul(r, r);
-  return {Mul(r, Series(z, kSinSeries, 4)), Series(z, kCosSeries, 4)};
+// |x| = n pi/2 + r.
+Reduced Reduce(double ax) {
+  return ax <= kQuarterPi ? Reduced{0, {ax, 0.0}} : ReduceHalfPi(ax);
 }
 
-// sin and cos of |x| with the quadrant already applied.
-SinCos SinCosOf(double ax) {
-  if (ax <= kQuarterPi) return SinCosReduced({ax, 0.0});
-  const Reduced red = ReduceHalfPi(ax);
-  const SinCos sc = SinCosReduced(red.r);
-  switch (red.quadrant) {
-    case 0: return sc;
-    case 1: return {sc.cos, Neg(sc.sin)};
-    case 2: return {Neg(sc.sin), Neg(sc.cos)};
-    default: return {Neg(sc.cos), sc.sin};
-  }
+// sin(n pi/2 + r): the series of sin r or of cos r, as the quadrant asks.
+DD SinOfQuadrant(const Reduced& red) {
+  const DD v = red.quadrant % 2 == 0 ? SinReduced(red.r) : CosReduced(red.r);
+  return red.quadrant >= 2 ? Neg(v) : v;
 }
 
 bool Finite(double x) { return x - x == 0.0; }
@@ -42,7 +34,7 @@ double Sin(double x) {
   if (!Finite(x)) return x - x;  // NaN, or the invalid result for an infinity
   const double ax = x < 0 ? -x : x;
   if (ax < 0x1p-26) return x;  // x^3 / 6 is below half a unit of x
-  const double s = SinCosOf(ax).sin.hi;
+  const double s = SinOfQuadrant(Reduce(ax)).hi;
   return x < 0 ? -s : s;
 }
 
@@ -50,15 +42,19 @@ double Cos(double x) {
   if (!Finite(x)) return x - x;
   const double ax = x < 0 ? -x : x;
   if (ax < 0x1p-27) return 1.0;  // x^2 / 2 is below half a unit of 1
-  return SinCosOf(ax).cos.hi;
+  Reduced red = Reduce(ax);
+  red.quadrant = (red.quadrant + 1) & 3;  // cos a = sin(a + pi/2)
+  return SinOfQuadrant(red).hi;
 }
 
 double Tan(double x) {
   if (!Finite(x)) return x - x;
   const double ax = x < 0 ? -x : x;
   if (ax < 0x1p-27) return x;  // x^3 / 3 is below half a unit of x
-  const SinCos sc = SinCosOf(ax);
-  const double t = Div(sc.sin, sc.cos).hi;
+  const Reduced red = Reduce(ax);
+  const DD s = SinReduced(red.r), c = CosReduced(red.r);
+  // tan(r + pi/2) = -cos r / sin r
+  const double t = red.quadrant % 2 == 0 ? Div(s, c).hi : -Div(c, s).hi;
   return x < 0 ? -t : t;
 }
 

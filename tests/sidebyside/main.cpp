@@ -11,5 +11,6 @@ int main() {
   sidebyside::NumberText(r);
   sidebyside::Calendar(r);
   sidebyside::MathResults(r);
+  sidebyside::FileOperations(r);
   return 0;
 }

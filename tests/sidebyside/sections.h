@@ -12,5 +12,6 @@ void WordOrdering(Report& r);
 void NumberText(Report& r);
 void Calendar(Report& r);
 void MathResults(Report& r);
+void FileOperations(Report& r);  // in the current folder, which it leaves as it found it
 
 }  // namespace sidebyside
