@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
 """Writes the constants that brelt's elementary functions carry as source.
 
-  src/mathlib/constants_table.h  pi/2, pi, ln 2 (whole and in three parts), 1/ln 10 and
-                                 atan(j/8) as double-double pairs, and the bits of 2/pi
+  src/mathlib/constants_table.h  pi/2, pi, ln 2 (whole and in parts), 1/ln 10, 2^(j/64),
+                                 logarithms of steps near 1 + j/64 and atan(j/8) as
+                                 double-double pairs, and the bits of 2/pi
 
 Everything is worked out here in integer arithmetic to far more bits than a double-double
 holds: pi by Machin's formula, logarithms by the series of atanh. Run from the repository root:
@@ -63,6 +64,29 @@ def isqrt(n):
         if s >= r:
             return r
         r = s
+
+
+def exp_fixed(x):
+    """e^x in fixed point for a fixed-point x of moderate size."""
+    total, term, k = ONE, ONE, 1
+    while term:
+        term = term * x // ONE // k
+        total += term
+        k += 1
+    return total
+
+
+def ln_fraction(q):
+    """ln q in fixed point for a Fraction q in [1/2, 2]: 2 atanh((q - 1) / (q + 1))."""
+    s = (q - 1) / (q + 1)
+    s_fixed = abs(s.numerator) * ONE // s.denominator  # the series on |s|, floor division
+    total, power, k = 0, s_fixed, 1                    # rounding towards 0
+    s2 = s_fixed * s_fixed // ONE
+    while power:
+        total += power // k
+        power = power * s2 // ONE
+        k += 2
+    return 2 * total if s >= 0 else -2 * total
 
 
 PI = 16 * atan_inv(5) - 4 * atan_inv(239)
@@ -128,6 +152,30 @@ def main():
              f"inline constexpr double kLn2Part1 = {float(l1).hex()};\n"
              f"inline constexpr double kLn2Part2 = {float(l2).hex()};\n"
              f"inline constexpr double kLn2Part3 = {l3.hex()};\n\n")
+    # The same for ln 2 / 64, whose multiples by any whole number up to 2^17 are exact.
+    m1 = rounded_to_bits(ln2 / 64, 35)
+    m2 = rounded_to_bits(ln2 / 64 - m1, 35)
+    text += ("// ln 2 / 64 = kLn2By64Part1 + kLn2By64Part2 + kLn2By64Part3; the first two have 35\n"
+             "// significant bits\n"
+             f"inline constexpr double kLn2By64Part1 = {float(m1).hex()};\n"
+             f"inline constexpr double kLn2By64Part2 = {float(m2).hex()};\n"
+             f"inline constexpr double kLn2By64Part3 = {float(ln2 / 64 - m1 - m2).hex()};\n"
+             f"inline constexpr double k64ByLn2 = {float(64 / ln2).hex()};\n\n")
+    text += "// 2^(j / 64) for j = 0 .. 63\ninline constexpr DD kExp2Sixty4ths[64] = {\n"
+    for j in range(64):
+        hi, lo = dd(fixed(exp_fixed(j * LN2 // 64)))
+        text += f"    {{{hi.hex()}, {lo.hex()}}},\n"
+    text += "};\n\n"
+    text += ("// For m near 1 + j/64, j = -16 .. 32 (at index j + 16): a double near 1 / (1 + j/64),\n"
+             "// and minus its logarithm, so that ln m = minusLog + ln(m * inverse) with m * inverse\n"
+             "// near 1. For j = 0 both are exact: 1 and 0.\n"
+             "struct LogStep {\n  double inverse;\n  DD minusLog;\n};\n"
+             "inline constexpr LogStep kLogSteps[49] = {\n")
+    for j in range(-16, 33):
+        inverse = float(Fraction(64, 64 + j))
+        hi, lo = dd(-fixed(ln_fraction(Fraction(inverse))))
+        text += f"    {{{inverse.hex()}, {{{hi.hex()}, {lo.hex()}}}}},\n"
+    text += "};\n\n"
     text += "// atan(j / 8) for j = 0 .. 8\ninline constexpr DD kAtanEighths[9] = {\n"
     for j in range(9):
         hi, lo = dd(fixed(atan_fixed(j * ONE // 8)))

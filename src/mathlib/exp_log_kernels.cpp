@@ -11,7 +11,6 @@ namespace brelt::mathlib {
 namespace {
 
 constexpr std::uint64_t kMantissaMask = 0x000FFFFFFFFFFFFFu;
-constexpr double kSqrt2 = 1.4142135623730951;
 
 // The nearest whole number, ties away from zero: only ever used to pick a reduction.
 int Nearest(double x) { return static_cast<int>(x < 0 ? x - 0.5 : x + 0.5); }
@@ -21,12 +20,20 @@ int Nearest(double x) { return static_cast<int>(x < 0 ? x - 0.5 : x + 0.5); }
 DD ExpM1Small(DD r) { return Mul(r, Series(r, kExpM1Series, 5)); }
 
 Scaled ExpScaled(DD x) {
-  const int k = Nearest(x.hi * kInvLn2);
-  // x - k ln 2: the first two products are exact, and so is the first difference.
-  const double kd = k;
-  const DD head = TwoSum(x.hi - kd * kLn2Part1, -(kd * kLn2Part2));
-  const DD r = Add(head, x.lo - kd * kLn2Part3);
-  return {Add(ExpM1Small(r), 1.0), k};
+  // x = (64 k + j) ln 2 / 64 + r: the first two products are exact, and so is the first
+  // difference. Then e^x = 2^k 2^(j/64) e^r with |r| at most ln 2 / 128.
+  const int n = Nearest(x.hi * k64ByLn2);
+  const double nd = n;
+  const DD head = TwoSum(x.hi - nd * kLn2By64Part1, -(nd * kLn2By64Part2));
+  const DD r = Add(head, x.lo - nd * kLn2By64Part3);
+  // e^r - 1 = r + r^2 (1/2! + r/3! + ... + r^6/8!): the part beyond r is below 2^-16 and is
+  // summed in doubles, with the cross term of r^2 that the low half of r adds.
+  const double h = r.hi;
+  double tail = kExpM1Series[7].hi;
+  for (int k = 6; k >= 1; --k) tail = kExpM1Series[k].hi + h * tail;
+  const DD em1 = Add(r, h * h * tail + h * r.lo);
+  const DD step = kExp2Sixty4ths[n & 63];
+  return {Add(step, Mul(step, em1)), n >> 6};
 }
 
 DD LogOf(double x) {
@@ -36,15 +43,19 @@ DD LogOf(double x) {
     e = -54;
   }
   e += ExponentOf(x);
-  // x = 2^e m with m from sqrt(1/2) to sqrt(2), and ln m = 2 atanh((m - 1) / (m + 1)).
+  // x = 2^e m with m in [0.75, 1.5), so that near 1 e is 0 and nothing cancels; then
+  // ln m = -ln(inverse) + ln(1 + r) with r = m inverse - 1, exact in double-double and at
+  // most 1/128 or so.
   double m = std::bit_cast<double>((std::bit_cast<std::uint64_t>(x) & kMantissaMask) |
                                    (std::uint64_t{1023} << 52));
-  if (m > kSqrt2) {
+  if (m >= 1.5) {
     m *= 0.5;
     ++e;
   }
-  const DD s = Div(DD{m - 1.0, 0.0}, TwoSum(m, 1.0));
-  const DD lnM = Scale(Mul(s, Series(Mul(s, s), kAtanhSeries, 4)), 2.0);
+  const LogStep& step = kLogSteps[Nearest((m - 1.0) * 64.0) + 16];
+  const DD product = TwoProd(m, step.inverse);
+  const DD r = TwoSum(product.hi - 1.0, product.lo);
+  const DD lnM = Add(step.minusLog, Mul(r, Series(r, kLog1pSeries, 3)));
   return Add(Mul(kLn2, static_cast<double>(e)), lnM);
 }
 

@@ -8,7 +8,7 @@ namespace brelt::mathlib {
 // e^r - 1 for |r| up to ln 2 / 2, with a relative error far below 2^-60.
 DD ExpM1Small(DD r);
 
-// e^x as m * 2^k with m between 0.7 and 1.42, for |x| up to about 1100.
+// e^x as m * 2^k with m in [1, 2) or a hair beyond, for |x| up to about 1100.
 struct Scaled {
   DD m;
   int k;

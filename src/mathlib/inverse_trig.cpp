@@ -13,20 +13,20 @@ namespace {
 
 using namespace brelt::mathlib;
 
-// atan t for t in [0, 1]: atan t = atan c + atan((t - c) / (1 + t c)) with c = j/8 nearest
-// to t, so that the series runs on at most 1/16.
-DD AtanUnit(DD t) {
-  const int j = static_cast<int>(t.hi * 8.0 + 0.5);
+// atan(a / b) for 0 <= a <= b: atan c + atan((a - c b) / (b + c a)) with c = j/8 nearest to
+// a / b, so that the series runs on at most 1/16, all from one division.
+DD AtanOfRatio(DD a, DD b) {
+  const int j = static_cast<int>(a.hi / b.hi * 8.0 + 0.5);
   const double c = j / 8.0;
-  const DD u = Div(Add(t, -c), Add(Mul(t, c), 1.0));
-  return Add(kAtanEighths[j], Mul(u, Series(Mul(u, u), kAtanSeries, 3)));
+  const DD u = Div(Sub(a, Mul(b, c)), Add(b, Mul(a, c)));
+  return Add(kAtanEighths[j], Mul(u, Series(Mul(u, u), kAtanSeries, 2)));
 }
 
 // The angle of the point (d, n) for n >= 0, in [0, pi]; n and d not both 0.
 DD Angle(DD n, DD d) {
   const bool left = d.hi < 0;
   const DD ad = left ? Neg(d) : d;
-  DD a = n.hi <= ad.hi ? AtanUnit(Div(n, ad)) : Sub(kHalfPi, AtanUnit(Div(ad, n)));
+  const DD a = n.hi <= ad.hi ? AtanOfRatio(n, ad) : Sub(kHalfPi, AtanOfRatio(ad, n));
   return left ? Sub(kPi, a) : a;
 }
 

@@ -43,9 +43,9 @@ inline constexpr auto kSinSeries = Reciprocals<15>(
 // cos r = sum (-1)^k z^k / (2k)!, z = r^2
 inline constexpr auto kCosSeries = Reciprocals<15>(
     [](DD d, std::size_t k) { return Mul(Mul(d, 2.0 * k - 1), 2.0 * k); }, true);
-// atanh s = s * sum z^k / (2k + 1), z = s^2
-inline constexpr auto kAtanhSeries = Reciprocals<17>(
-    [](DD, std::size_t k) { return DD{2.0 * k + 1, 0.0}; }, false);
+// ln(1 + r) = r * sum (-1)^k r^k / (k + 1)
+inline constexpr auto kLog1pSeries = Reciprocals<13>(
+    [](DD, std::size_t k) { return DD{k + 1.0, 0.0}; }, true);
 // atan u = u * sum (-1)^k z^k / (2k + 1), z = u^2
 inline constexpr auto kAtanSeries = Reciprocals<12>(
     [](DD, std::size_t k) { return DD{2.0 * k + 1, 0.0}; }, true);

@@ -10,8 +10,8 @@ using namespace brelt::mathlib;
 
 constexpr double kQuarterPi = 0.78539816339744828;  // below pi/4
 
-DD SinReduced(DD r) { return Mul(r, Series(Mul(r, r), kSinSeries, 4)); }
-DD CosReduced(DD r) { return Series(Mul(r, r), kCosSeries, 4); }
+DD SinReduced(DD r) { return Mul(r, Series(Mul(r, r), kSinSeries, 3)); }
+DD CosReduced(DD r) { return Series(Mul(r, r), kCosSeries, 3); }
 
 // |x| = n pi/2 + r.
 Reduced Reduce(double ax) {
