@@ -2,7 +2,9 @@
 // neighbours, huge and tiny arguments, the ends of the ranges and the special values.
 #include <brelt/mathlib.h>
 
+#include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <limits>
 #include <vector>
 
@@ -13,14 +15,25 @@ namespace {
 
 using Limits = std::numeric_limits<double>;
 
+bool Same(double a, double b) { return std::memcmp(&a, &b, sizeof a) == 0; }
+
+// Each argument once, in the order first given.
+void AddOnce(std::vector<double>& g, double x) {
+  if (std::find_if(g.begin(), g.end(), [x](double y) { return Same(x, y); }) == g.end()) {
+    g.push_back(x);
+  }
+}
+
 std::vector<double> UnaryGrid() {
   std::vector<double> g;
-  for (int k = -80; k <= 80; ++k) g.push_back(k / 8.0);
+  for (int k = -80; k <= 80; ++k) AddOnce(g, k / 8.0);
   const double halfPi = 1.5707963267948966;
   for (int k = -12; k <= 12; ++k) {
     const double x = k * halfPi;
-    g.insert(g.end(), {x, std::nextafter(x, -Limits::infinity()),
-                       std::nextafter(x, Limits::infinity())});
+    for (double y : {x, std::nextafter(x, -Limits::infinity()),
+                     std::nextafter(x, Limits::infinity())}) {
+      AddOnce(g, y);
+    }
   }
   const double special[] = {
       0x1p63, -0x1p63, 0x1p64, 1e15, 1e16, 1e22, 0x1p100, -1e300, 1e300, Limits::max(),
@@ -29,7 +42,7 @@ std::vector<double> UnaryGrid() {
       1.0000000000000002, 0.9999999999999999, -0.9999999999999999, 0.5, 0.9999, 1e5,
       709.78, 709.79, 710.0, 710.5, -708.0, -745.0, -746.0, 22.0, 19.0, 0.17, 0.35, 0.7, 1.4,
       2.718281828459045, 3.141592653589793, 6.283185307179586, 1e-5, 123456.789, 0.1};
-  g.insert(g.end(), std::begin(special), std::end(special));
+  for (double x : special) AddOnce(g, x);
   return g;
 }
 
