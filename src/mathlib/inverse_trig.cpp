@@ -30,7 +30,7 @@ DD Angle(DD n, DD d) {
   return left ? Sub(kPi, a) : a;
 }
 
-// sqrt(1 - x^2) for |x| < 1: x^2 is exact in double-double, and so is 1 less it.
+// sqrt(1 - x^2) for |x| < 1: x^2 is exact in double-double, and so is 1 less it near 1.
 DD Cosine(double x) { return Sqrt(Sub(DD{1.0, 0.0}, TwoProd(x, x))); }
 
 double WithSign(double magnitude, bool negative) { return negative ? -magnitude : magnitude; }
