@@ -9,4 +9,5 @@
 #include <brelt/str/integers.h>
 #include <brelt/str/items.h>
 #include <brelt/str/match.h>
+#include <brelt/str/real_format.h>
 #include <brelt/str/reals.h>
