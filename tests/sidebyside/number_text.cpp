@@ -1,7 +1,11 @@
-// Whole numbers as text in every base and back, in both widths, and reals read from text.
+// Whole numbers as text in every base and back, reals read from text, and reals as text in
+// every notation.
 #include <brelt/str.h>
 
+#include <algorithm>
 #include <cstdint>
+#include <iterator>
+#include <limits>
 #include <string_view>
 
 #include "sections.h"
@@ -28,6 +32,28 @@ std::string Parsed(F parse, std::string_view text, unsigned base) {
   const auto v = parse(text.empty() ? 0 : static_cast<unsigned>(text.size() - 1),
                        text.empty() ? &nul : text.data(), base, &ok);
   return Hex(static_cast<std::uint64_t>(v), 16) + " ok " + Dec(ok);
+}
+
+constexpr double kInf = std::numeric_limits<double>::infinity();
+
+// What a real formatter leaves in a 40-element array, up to its NUL, and ok; the array starts
+// out as '#', so that an untouched one shows.
+template <class F, class... Args>
+std::string Printed(F format, double v, Args... args) {
+  char text[40];
+  std::fill(std::begin(text), std::end(text), '#');
+  unsigned char ok = 9;
+  format(v, args..., 39, text, &ok);
+  const std::string_view all(text, 40);
+  return Shown(all.substr(0, all.find('\0'))) + " ok " + Dec(ok);
+}
+template <class F>
+std::string RealText(F format, double v, unsigned digits, unsigned char eng) {
+  return Printed(format, v, digits, eng);
+}
+template <class F, class D>
+std::string FixText(F format, double v, D digits) {
+  return Printed(format, v, digits);
 }
 
 }  // namespace
@@ -75,6 +101,22 @@ void NumberText(Report& r) {
     const double v = Str::StrToRealA(t.empty() ? 0 : static_cast<unsigned>(t.size() - 1),
                                      t.empty() ? &nul : t.data(), &ok);
     r.Line("real.StrToRealA." + Shown(t), Real(v) + " ok " + Dec(ok));
+  }
+  const double printed[] = {0.0, -0.0, 1.0, -1.0, 0.1, 0.1 + 0.2, 2.5, 0.125, 0.015, 9.5,
+                           1234.5, 999.9999, 123456789.123, 1e20, 1.5e20, 6.02214076e23, 1e-5,
+                           1e-15, 3.141592653589793, 1.7976931348623157e308, 5e-324, kInf,
+                           -kInf, std::numeric_limits<double>::quiet_NaN()};
+  for (double v : printed) {
+    for (unsigned digits : {0u, 1u, 3u, 6u, 15u, 17u, 20u}) {
+      const std::string key = RealKey(v) + ".d" + Dec(digits);
+      r.Line("real.RealToStrA." + key, RealText(Str::RealToStrA, v, digits, 0));
+      r.Line("real.RealToStrA.eng." + key, RealText(Str::RealToStrA, v, digits, 1));
+      r.Line("real.CorrectedRealToStrA." + key, RealText(Str::CorrectedRealToStrA, v, digits, 0));
+      r.Line("real.FixRealToStrA." + key, FixText(Str::FixRealToStrA, v, digits));
+      r.Line("real.CorrFixRealToStrA." + key, FixText(Str::CorrFixRealToStrA, v, digits));
+      r.Line("real.LocaleFixRealToStrA." + key,
+             FixText(Str::LocaleFixRealToStrA, v, static_cast<int>(digits)));
+    }
   }
 }
 
