@@ -35,7 +35,8 @@ const std::string& NumbersFile() {
     std::mt19937 rng(7);
     std::size_t written = 0;
     for (int i = 0; written < 10'000'000; ++i) {
-      const std::string text = std::to_string(rng() >> (rng() % 32)) + (i % 12 == 11 ? "\r\n" : " ");
+      const std::string text =
+          std::to_string(rng() >> (rng() % 32)) + (i % 12 == 11 ? "\r\n" : " ");
       out << text;
       written += text.size();
     }

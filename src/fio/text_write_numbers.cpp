@@ -90,7 +90,9 @@ void WrCard16A(FileHandle file, unsigned short value, Long width) {
 void WrCard16W(FileHandle file, unsigned short value, Long width) {
   WriteCard<WChar>(file, value, 10, width);
 }
-void WrCard32A(FileHandle file, ULong value, Long width) { WriteCard<char>(file, value, 10, width); }
+void WrCard32A(FileHandle file, ULong value, Long width) {
+  WriteCard<char>(file, value, 10, width);
+}
 void WrCard32W(FileHandle file, ULong value, Long width) {
   WriteCard<WChar>(file, value, 10, width);
 }
@@ -108,10 +110,14 @@ void WrHex16W(FileHandle file, unsigned short value, Long width) {
   WriteCard<WChar>(file, value, 16, width);
 }
 void WrHex32A(FileHandle file, ULong value, Long width) { WriteCard<char>(file, value, 16, width); }
-void WrHex32W(FileHandle file, ULong value, Long width) { WriteCard<WChar>(file, value, 16, width); }
+void WrHex32W(FileHandle file, ULong value, Long width) {
+  WriteCard<WChar>(file, value, 16, width);
+}
 
 void WrInt8A(FileHandle file, signed char value, Long width) { WriteInt<char>(file, value, width); }
-void WrInt8W(FileHandle file, signed char value, Long width) { WriteInt<WChar>(file, value, width); }
+void WrInt8W(FileHandle file, signed char value, Long width) {
+  WriteInt<WChar>(file, value, width);
+}
 void WrInt16A(FileHandle file, short value, Long width) { WriteInt<char>(file, value, width); }
 void WrInt16W(FileHandle file, short value, Long width) { WriteInt<WChar>(file, value, width); }
 void WrInt32A(FileHandle file, Long value, Long width) { WriteInt<char>(file, value, width); }

@@ -109,7 +109,8 @@ class BlockSource {
     next_ = buffer_;
     platform::SetLastError(0);
     std::uint32_t got = 0;
-    const bool ok = platform::ReadFromFile(file_, buffer_ + have_, std::min(block_, kCapacity - have_), &got);
+    const std::uint32_t want = std::min(block_, kCapacity - have_);
+    const bool ok = platform::ReadFromFile(file_, buffer_ + have_, want, &got);
     have_ += got;
     if (!ok) {
       // The reference reads on from the position behind what was handed out.

@@ -77,7 +77,8 @@ TYPED_TEST(FioReader, LinesAndLineEnds) {
 TYPED_TEST(FioReader, Characters) {
   this->Put("t", "\x41\x01\x42");
   const FileHandle h = FIO::OpenA(0, "t", 0);
-  const auto want = sizeof(TypeParam) == 1 ? std::vector{65u, 1u, 66u, 0u} : std::vector{321u, 66u, 0u};
+  const auto want =
+      sizeof(TypeParam) == 1 ? std::vector{65u, 1u, 66u, 0u} : std::vector{321u, 66u, 0u};
   for (const unsigned c : want) EXPECT_EQ(this->RdChar(h), c);
   EXPECT_EQ(FIO::GetPos(h), 3u);
   FIO::Close(h);

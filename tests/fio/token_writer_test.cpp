@@ -31,11 +31,15 @@ using Write = std::function<void(FileHandle)>;
 template <class T> struct Twin;
 template <> struct Twin<char> {
   BRELT_WRITERS(BRELT_A_WRITER)
-  static void Fill(char prefix, char suffix) { FIO::PrefixCharA = prefix, FIO::SuffixCharA = suffix; }
+  static void Fill(char prefix, char suffix) {
+    FIO::PrefixCharA = prefix, FIO::SuffixCharA = suffix;
+  }
 };
 template <> struct Twin<WChar> {
   BRELT_WRITERS(BRELT_W_WRITER)
-  static void Fill(char prefix, char suffix) { FIO::PrefixCharW = prefix, FIO::SuffixCharW = suffix; }
+  static void Fill(char prefix, char suffix) {
+    FIO::PrefixCharW = prefix, FIO::SuffixCharW = suffix;
+  }
 };
 
 template <class T>
@@ -69,12 +73,13 @@ TYPED_TEST(FioWriter, Fields) {
   for (const auto& r : rows) {
     FIO::ChopOff = r.chop;
     GuardedArray<TypeParam> src{SV(r.text.c_str(), r.text.size() + 1)};
-    EXPECT_EQ(this->Output([&](FileHandle h) { this->WrStrAdj(h, src.high(), src.data(), r.width); }),
-              r.out) << r.text.size() << " " << r.width << " " << +r.chop;
+    const Write write = [&](FileHandle h) { this->WrStrAdj(h, src.high(), src.data(), r.width); };
+    EXPECT_EQ(this->Output(write), r.out) << r.text.size() << " " << r.width << " " << +r.chop;
   }
   GuardedArray<TypeParam> src{SV(long300)};
   EXPECT_EQ(this->Output([&](FileHandle h) { this->WrStr(h, src.high(), src.data()); }), long300);
-  EXPECT_EQ(this->Output([&](FileHandle h) { this->WrCharRep(h, '*', 200); }), std::string(200, '*'));
+  EXPECT_EQ(this->Output([&](FileHandle h) { this->WrCharRep(h, '*', 200); }),
+            std::string(200, '*'));
   FIO::EOLA = ';';
   EXPECT_EQ(this->Output([&](FileHandle h) { this->WrLn(h); }), "\r\n");
 }
@@ -140,7 +145,8 @@ TYPED_TEST(FioWriter, RoundTrip) {
     this->WrCard32(h, u, field()), this->WrHex8(h, u >> 24, field());
     this->WrHex16(h, u & 0xFFFF, field()), this->WrHex32(h, ~u, field());
     this->WrInt8(h, static_cast<signed char>(u), field()), this->WrLn(h);
-    this->WrInt16(h, static_cast<short>(u >> 8), field()), this->WrInt32(h, static_cast<Long>(u), field());
+    this->WrInt16(h, static_cast<short>(u >> 8), field());
+    this->WrInt32(h, static_cast<Long>(u), field());
     this->WrBool(h, u & 1, field()), this->WrLngReal(h, real, digits, field());
     this->WrReal(h, single, 9, field()), this->WrFixLngReal(h, fix, 4, field());
     values.insert(values.end(), {{kCard8, double(u & 0xFF), 0}, {kCard16, double(u >> 16), 0},
