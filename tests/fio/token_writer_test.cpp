@@ -98,6 +98,7 @@ TYPED_TEST(FioWriter, Numbers) {
       {' ', ' ', 0, [&](FileHandle h) { this->WrReal(h, 0.1f, 3, 5); }, " 1E-1"},
       {' ', ' ', 1, [&](FileHandle h) { this->WrLngReal(h, 12345.678, 8, 0); }, "12.345678E+3"},
       {' ', ' ', 1, [&](FileHandle h) { this->WrFixLngReal(h, -0.125, 2, 0); }, "-0.13"},
+      {' ', ' ', 0, [&](FileHandle h) { this->WrFixReal(h, 2.5f, 0, 3); }, "  3"},
       {' ', ' ', 0, [&](FileHandle h) { this->WrLngReal(h, 1.0, 0, 5); }, ""},  // no digits
       {'0', ' ', 0, [&](FileHandle h) { this->WrLngReal(h, nan, 5, 5); }, ""},
       {'0', ' ', 0, [&](FileHandle h) { this->WrFixLngReal(h, nan, 2, 5); }, wide ? "00nan" : ""}};
