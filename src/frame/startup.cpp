@@ -6,18 +6,22 @@
 // FIOR and MATHLIB need no step: their state is complete as loaded.
 #include "startup.h"
 
+#include "brelt/lib/random.h"
 #include "brelt/os.h"
 #include "brelt/seh.h"
 #include "brelt/storage.h"
 #include "brelt/str.h"
+#include "lib/random_state.h"
 
 namespace brelt::frame {
 
 void RunStartup() {
+  lib::FreeRandomLock();
   SEH::InitModule();
   Storage::InitModule();
   os::__INIT();
   Str::InitModule();
+  Lib::RANDOMIZE();
 }
 
 }  // namespace brelt::frame
