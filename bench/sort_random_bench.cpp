@@ -91,11 +91,15 @@ void RANDOM_minstd_rand(benchmark::State& state) {
 
 }  // namespace
 
-BENCHMARK(QSort_brelt)->Name("QSort/brelt")->Arg(100000)->Arg(1000000)->Unit(benchmark::kMillisecond);
-BENCHMARK(QSort_std_sort)->Name("QSort/std_sort")->Arg(100000)->Arg(1000000)->Unit(benchmark::kMillisecond);
-BENCHMARK(QSort_qsort)->Name("QSort/qsort")->Arg(100000)->Arg(1000000)->Unit(benchmark::kMillisecond);
-BENCHMARK(HSort_brelt)->Name("HSort/brelt")->Arg(100000)->Arg(1000000)->Unit(benchmark::kMillisecond);
-BENCHMARK(HSort_std_sort)->Name("HSort/std_sort")->Arg(100000)->Arg(1000000)->Unit(benchmark::kMillisecond);
-BENCHMARK(HSort_qsort)->Name("HSort/qsort")->Arg(100000)->Arg(1000000)->Unit(benchmark::kMillisecond);
+void Sizes(benchmark::internal::Benchmark* b) {
+  b->Arg(100000)->Arg(1000000)->Unit(benchmark::kMillisecond);
+}
+
+BENCHMARK(QSort_brelt)->Name("QSort/brelt")->Apply(Sizes);
+BENCHMARK(QSort_std_sort)->Name("QSort/std_sort")->Apply(Sizes);
+BENCHMARK(QSort_qsort)->Name("QSort/qsort")->Apply(Sizes);
+BENCHMARK(HSort_brelt)->Name("HSort/brelt")->Apply(Sizes);
+BENCHMARK(HSort_std_sort)->Name("HSort/std_sort")->Apply(Sizes);
+BENCHMARK(HSort_qsort)->Name("HSort/qsort")->Apply(Sizes);
 BENCHMARK(RANDOM_brelt)->Name("RANDOM/brelt")->Arg(0)->Arg(100);
 BENCHMARK(RANDOM_minstd_rand)->Name("RANDOM/minstd_rand")->Arg(0)->Arg(100);

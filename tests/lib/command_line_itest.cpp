@@ -60,7 +60,7 @@ TEST(LibCommandLine, CountAndParameters) {
 
 // A parameter is cut to the array without a NUL; the quotes are removed from what was kept.
 TEST(LibCommandLine, ParametersCutToTheArray) {
-  const struct { const char* line; unsigned index; std::size_t size; const char* stored; } rows[] = {
+  const struct { const char* line; unsigned index; std::size_t size; const char* raw; } rows[] = {
       {"p abcdef", 1, 3, "abc"},
       {"p abc", 1, 3, "abc"},
       {"p abc", 1, 4, "abc0"},
@@ -72,7 +72,7 @@ TEST(LibCommandLine, ParametersCutToTheArray) {
       {"p x", 0xFFFFFFFF, 1, "0"},
   };
   for (const auto& r : rows) {
-    EXPECT_EQ(Param(Quotes(r.line), r.index, r.size), Quotes(r.stored))
+    EXPECT_EQ(Param(Quotes(r.line), r.index, r.size), Quotes(r.raw))
         << r.line << " [" << r.index << "] in " << r.size;
   }
 }

@@ -27,7 +27,8 @@ Values Draws(unsigned count, unsigned range) {
 unsigned Lag(const RandomSnapshot& s) { return (s.indexA + 55 - s.indexB) % 55; }
 
 TEST(LibRandomSeed, TableAndIndices) {
-  const struct { std::uint32_t seed; std::vector<std::pair<unsigned, std::uint32_t>> words; } rows[] = {
+  using Words = std::vector<std::pair<unsigned, std::uint32_t>>;
+  const struct { std::uint32_t seed; Words words; } rows[] = {
       {1, {{0, 47936}, {1, 4804}, {2, 14241}, {22, 26360}, {23, 57646}, {53, 49493}, {54, 50055}}},
       {0, {{0, 0}, {1, 28495}}},
       {12345, {{23, 5657}, {54, 3026}}},

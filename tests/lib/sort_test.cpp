@@ -60,7 +60,7 @@ std::vector<std::string> Split(const std::string& calls) {
 }
 
 TEST(LibSort, CallSequences) {
-  const struct { const char* name; Sort sort; std::vector<int> items; const char* calls; } rows[] = {
+  const struct { const char* name; Sort sort; std::vector<int> items; const char* log; } rows[] = {
       {"QSort", Lib::QSort, {}, ""},
       {"QSort", Lib::QSort, {7}, ""},
       {"QSort", Lib::QSort, {1, 2}, "L(1,2)=T L(1,2)=T"},
@@ -79,7 +79,7 @@ TEST(LibSort, CallSequences) {
       {"HSort", Lib::HSort, {5, 5, 5}, "L(2,3)=F L(1,2)=F S(1,3) S(1,2) L(1,2)=F S(1,2) S(1,1)"},
   };
   for (const auto& r : rows) {
-    EXPECT_EQ(Trace(r.sort, r.items), Split(r.calls))
+    EXPECT_EQ(Trace(r.sort, r.items), Split(r.log))
         << r.name << " of " << testing::PrintToString(r.items);
   }
 }
