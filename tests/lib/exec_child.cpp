@@ -8,22 +8,17 @@
 
 int main() {
   Lib::Delay(150);
+  char text[300];
   std::string report = std::to_string(Lib::ParamCount()) + "\n";
   for (unsigned i = 0; i <= Lib::ParamCount(); ++i) {
-    char param[300];
-    Lib::ParamStrA(sizeof param - 1, param, i);
-    report += std::string(param) + "\n";
+    Lib::ParamStrA(sizeof text - 1, text, i);
+    report += std::string(text) + "\n";
   }
-  const char name[] = "BRELT_EXEC_VALUE";
-  char value[64];
-  Lib::GetEnvironmentStringA(sizeof name - 1, name, sizeof value - 1, value);
-  report += std::string("env=") + value + "\n";
-
-  char file[300];
-  Lib::ParamStrA(sizeof file - 1, file, 1);
-  const brelt::FileHandle out = FIO::CreateA(sizeof file - 1, file, 0);
-  FIO::WrBin(out, static_cast<unsigned>(report.size() - 1), report.data(),
-             static_cast<brelt::ULong>(report.size()));
+  Lib::GetEnvironmentStringA(16, "BRELT_EXEC_VALUE", sizeof text - 1, text);
+  report += std::string("env=") + text + "\n";
+  Lib::ParamStrA(sizeof text - 1, text, 1);
+  const brelt::FileHandle out = FIO::CreateA(sizeof text - 1, text, 0);
+  FIO::WrBin(out, 0, report.data(), static_cast<brelt::ULong>(report.size()));
   FIO::Close(out);
   return FIO::IOresult() == 0 ? 0 : 1;
 }
