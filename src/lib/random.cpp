@@ -29,7 +29,8 @@ void Lock() {
   }
 }
 
-void Unlock() { g_lock.exchange(0, std::memory_order_release); }
+// A release store frees it as an exchange would: only the holder ever writes 1 back to 0.
+void Unlock() { g_lock.store(0, std::memory_order_release); }
 
 // Under the lock. The table starts out with 16-bit values.
 void Fill(std::uint32_t seed) {
