@@ -26,6 +26,14 @@ inline std::uint32_t Trunc64Low(double x) { return static_cast<std::uint32_t>(Tr
 // Sums of the date steps wrap in 32 bits, as their registers do, for any input.
 inline std::int32_t Wrap32(std::int64_t v) { return static_cast<std::int32_t>(v); }
 
+// The fractional part with the sign of x, as modf defines it: -2.0 gives -0.0. Worked out
+// here rather than taken from the runtime, whose modf does not keep the sign of a zero
+// fraction on every target. Below 2^52 the subtraction is exact; above, every double is whole.
+inline double FractionOf(double x) {
+  if (!(std::fabs(x) < 0x1p52)) return x != x ? x : std::copysign(0.0, x);
+  return std::copysign(x - static_cast<double>(static_cast<std::int64_t>(x)), x);
+}
+
 struct CivilDay {
   int year, month, day;
   double fraction;
@@ -35,8 +43,7 @@ struct CivilDay {
 CivilDay FromJulian(double jd) {
   const double x = jd + 0.5;
   std::int32_t z = Trunc32(x);
-  double whole;
-  double f = std::modf(x, &whole);
+  double f = FractionOf(x);
   if (1.0 - f < kOneMsInDays) {
     f = 0.0;
     z = Wrap32(std::int64_t{z} + 1);
@@ -181,9 +188,6 @@ void iDays(double value, unsigned int* years, unsigned int* months, unsigned int
   }
 }
 
-double frac(double x) {
-  double whole;
-  return std::modf(x, &whole);
-}
+double frac(double x) { return FractionOf(x); }
 
 }  // namespace os

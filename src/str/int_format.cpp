@@ -13,16 +13,8 @@ namespace {
 
 using brelt::str::ClampBase;
 using brelt::str::kDigitAlphabet;
+using brelt::str::kDigitPairs;
 
-// "00" to "99": base 10 stores two digits per division.
-constexpr std::array<char, 200> kPairs = [] {
-  std::array<char, 200> t{};
-  for (int i = 0; i < 100; ++i) {
-    t[2 * i] = static_cast<char>('0' + i / 10);
-    t[2 * i + 1] = static_cast<char>('0' + i % 10);
-  }
-  return t;
-}();
 
 constexpr std::array<std::uint64_t, 20> kPowersOf10 = [] {
   std::array<std::uint64_t, 20> t{};
@@ -58,8 +50,8 @@ inline void StoreLowDigits10(U v, T* last, unsigned n) {
   for (; n >= 2; n -= 2) {
     const unsigned pair = static_cast<unsigned>(v % 100u) * 2u;
     v /= 100u;
-    last[0] = static_cast<T>(kPairs[pair + 1]);
-    last[-1] = static_cast<T>(kPairs[pair]);
+    last[0] = static_cast<T>(kDigitPairs[pair + 1]);
+    last[-1] = static_cast<T>(kDigitPairs[pair]);
     last -= 2;
   }
   if (n != 0) *last = static_cast<T>('0' + static_cast<unsigned>(v % 10u));

@@ -8,6 +8,7 @@
 #include <bit>
 #include <cstring>
 
+#include "str/int_digits.h"
 #include "str/real_exact.h"
 
 namespace brelt::str::real {
@@ -82,15 +83,6 @@ bool Scaled(Binary b, int t, U128& n) {
   return true;
 }
 
-// "00" to "99", so that two digits are stored per division.
-constexpr std::array<char, 200> kPairs = [] {
-  std::array<char, 200> t{};
-  for (int i = 0; i < 100; ++i) {
-    t[2 * i] = static_cast<char>('0' + i / 10);
-    t[2 * i + 1] = static_cast<char>('0' + i % 10);
-  }
-  return t;
-}();
 
 // Exactly `width` digits of v (v below 10^width), leading zeros included, ending before `end`.
 // Eight digits at a time in 32-bit arithmetic, which divides faster than 64-bit.
@@ -99,12 +91,12 @@ void PutFixedWidth(std::uint64_t v, char* end, unsigned width) {
     auto eight = static_cast<std::uint32_t>(v % 100000000);
     v /= 100000000;
     for (int k = 2; k <= 8; k += 2, eight /= 100) {
-      std::memcpy(end - k, &kPairs[(eight % 100) * 2], 2);
+      std::memcpy(end - k, &kDigitPairs[(eight % 100) * 2], 2);
     }
   }
   auto rest = static_cast<std::uint32_t>(v);  // below 10^8 now
   for (; width >= 2; width -= 2, rest /= 100, end -= 2) {
-    std::memcpy(end - 2, &kPairs[(rest % 100) * 2], 2);
+    std::memcpy(end - 2, &kDigitPairs[(rest % 100) * 2], 2);
   }
   if (width != 0) end[-1] = static_cast<char>('0' + rest);
 }

@@ -3,7 +3,10 @@
 #include <brelt/os.h>
 #include <gtest/gtest.h>
 
+#include <bit>
+#include <cmath>
 #include <cstdint>
+#include <limits>
 #include <vector>
 
 namespace {
@@ -32,14 +35,16 @@ TEST(OsIJD, FixedDates) {
       {2299160.5, 1582, 10, 15, 0}, {1721057.5, 0, 1, 1, 0},
       {1720692.5, -1, 1, 1, 0},
       {2451544.4999999995, 2000, 1, 1, 0},  // under a millisecond before midnight snaps
+      {-147.5, -4713, 8, 7, -0.0},          // the fraction keeps the sign of jd + 0.5
   };
   for (const Row& r : rows) {
     int y = -1, m = -1, d = -1;
     double f = -1;
     os::iJD(r.jd, &y, &m, &d, &f);
-    EXPECT_EQ(std::vector<double>({double(y), double(m), double(d), f}),
-              std::vector<double>({double(r.y), double(r.m), double(r.d), r.f}))
+    EXPECT_EQ(std::vector<double>({double(y), double(m), double(d)}),
+              std::vector<double>({double(r.y), double(r.m), double(r.d)}))
         << r.jd;
+    EXPECT_EQ(std::bit_cast<std::uint64_t>(f), std::bit_cast<std::uint64_t>(r.f)) << r.jd;
   }
 }
 
@@ -112,8 +117,18 @@ TEST(OsDays, SpansBothWaysAndFrac) {
     EXPECT_EQ(std::vector<unsigned>({y, m, d}), std::vector<unsigned>({r.y, r.m, r.d})) << r.value;
     EXPECT_NEAR(f, r.f, 1e-12) << r.value;
   }
-  EXPECT_EQ(os::frac(-1.25), -0.25);
-  EXPECT_EQ(os::frac(2.75), 0.75);
+}
+
+TEST(OsFrac, FractionKeepsTheSignOfX) {
+  const double inf = std::numeric_limits<double>::infinity();
+  const double rows[][2] = {
+      {-1.25, -0.25}, {2.75, 0.75},  {-0.0, -0.0},  {0.0, 0.0},   {-2.0, -0.0}, {2.0, 0.0},
+      {-1e300, -0.0}, {inf, 0.0},    {-inf, -0.0},  {-0x1p-1074, -0x1p-1074},
+      {4503599627370495.5, 0.5},     {-4503599627370496.0, -0.0}};
+  for (const auto& [x, want] : rows) {
+    EXPECT_EQ(std::bit_cast<std::uint64_t>(os::frac(x)), std::bit_cast<std::uint64_t>(want)) << x;
+  }
+  EXPECT_TRUE(std::isnan(os::frac(std::numeric_limits<double>::quiet_NaN())));
 }
 
 }  // namespace

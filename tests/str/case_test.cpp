@@ -25,11 +25,17 @@ TEST(CapLow, FoldsLettersOnlyInBothWidths) {
   // ASCII rows (the neighbours of both letter ranges among them) run through both widths.
   // Latin-1 with partners in Latin Extended, Greek, Cyrillic; sharp s and the euro stay.
   // Alpha with ypogegrammeni: its full capital is two characters, its simple one is one.
+  // A character whose partner maps elsewhere stays both ways (micro sign, capital I with dot,
+  // dotless i, long s, D with small z caron, final sigma, capital sharp s, Kelvin sign), while
+  // the pairs beside them still fold.
   struct Row { unsigned in, upper, lower; } rows[] = {
       {'a', 'A', 'a'}, {'Z', 'Z', 'z'}, {'@', '@', '@'}, {'[', '[', '['}, {'`', '`', '`'},
       {'{', '{', '{'}, {0xE9, 0xC9, 0xE9}, {0xFF, 0x178, 0xFF}, {0x178, 0x178, 0xFF},
       {0x3A3, 0x3A3, 0x3C3}, {0x44F, 0x42F, 0x44F}, {0xDF, 0xDF, 0xDF}, {0x20AC, 0x20AC, 0x20AC},
-      {0x1FB3, 0x1FBC, 0x1FB3}};
+      {0x1FB3, 0x1FBC, 0x1FB3}, {0xB5, 0xB5, 0xB5}, {0x3BC, 0x39C, 0x3BC}, {0x130, 0x130, 0x130},
+      {0x131, 0x131, 0x131}, {0x17F, 0x17F, 0x17F}, {0x1C5, 0x1C5, 0x1C5}, {0x1C6, 0x1C4, 0x1C6},
+      {0x3C2, 0x3C2, 0x3C2}, {0x3C3, 0x3A3, 0x3C3}, {0x1E9E, 0x1E9E, 0x1E9E},
+      {0x212A, 0x212A, 0x212A}};
   for (const Row& r : rows) {
     EXPECT_EQ(unsigned{Str::CapW(static_cast<WChar>(r.in))}, r.upper) << std::hex << r.in;
     EXPECT_EQ(unsigned{Str::LowW(static_cast<WChar>(r.in))}, r.lower) << std::hex << r.in;
@@ -82,12 +88,19 @@ TEST(Compare, OrdersByUnsignedCodeInBothWidths) {
 
 TEST(LocaleCompareA, EmptyTextsAndPlainLatinOrder) {
   // Letters first, case only breaks ties, lower before upper; digits before letters and
-  // punctuation before digits. Lengths count, not terminators.
+  // symbols before digits, in the word sort's order of symbols. Lengths count, not
+  // terminators. Hyphens, apostrophes and control characters count only when all else is
+  // equal: the text without them first, then the one whose mark stands further right, then
+  // the lighter mark (control, apostrophe, hyphen).
   const SV kNul("\0", 1);
   struct Row { SV a, b; int withCase, withoutCase; } rows[] = {
       {kNul, kNul, 0, 0},    {kNul, "a", -1, -1},              {"a", kNul, 1, 1},
       {"a", "B", -1, -1},    {"abc", "ABC", -1, 0},            {"abc", SV("abc\0zz", 6), 0, 0},
-      {"1", "a", -1, -1},    {"-", "1", -1, -1}};
+      {"1", "a", -1, -1},    {"-", "1", -1, -1},               {"a b", "a_", -1, -1},
+      {"a_b", "a1", -1, -1}, {"a~", "a+", -1, -1},             {"-x", "a", 1, 1},
+      {"coop", "co-op", -1, -1},  {"co-op", "Coop", -1, 1},    {"coo-p", "co-op", -1, -1},
+      {"co'op", "co-op", -1, -1}, {"co-op", "co--op", -1, -1}, {"a-b", "aB", -1, 1},
+      {"ab", "a\x01" "b", -1, -1},   {"a\x01" "b", "a'b", -1, -1},   {"'", "-", -1, -1}};
   for (const Row& r : rows) {
     GuardedArray<char> a(r.a), b(r.b);
     SCOPED_TRACE(std::string(r.a) + "|" + std::string(r.b));

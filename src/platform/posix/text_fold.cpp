@@ -1,5 +1,6 @@
 // 8-bit text is Windows-1252 or UTF-8, as start-up chose from the locale; 16-bit text folds by
-// Unicode simple case mapping, which is what the Windows runtime gives for a character locale.
+// the case pairs of Unicode simple case mapping, which is what the Windows runtime gives for a
+// character locale.
 #include "platform/text_fold.h"
 
 #include <array>
@@ -70,7 +71,7 @@ void EncodeUtf8(char16_t cp, unsigned char* s) {
   }
 }
 
-// A character whose partner needs another byte count (U+0131 and 'I', for one) stays as it
+// A character whose partner needs another byte count (U+023A and U+2C65, for one) stays as it
 // is, so that the text keeps its length. Bytes that form no character are left alone.
 void FoldUtf8(unsigned char* s, std::uint64_t n, char16_t (*fold)(char16_t)) {
   std::uint64_t i = 0;

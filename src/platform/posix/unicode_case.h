@@ -1,9 +1,11 @@
-// Unicode simple case mapping of the Basic Multilingual Plane, from the generated run tables.
+// Unicode simple case mapping of the Basic Multilingual Plane, from the generated run tables:
+// the pairs that map both ways, as the Windows runtime folds. A one-way mapping (the micro
+// sign, the Kelvin sign, the title-case digraphs) leaves its character as it is.
 #pragma once
 
 namespace brelt::platform::posix {
 
-// The one code point that a character maps to, or the character itself.
+// The partner of a character, or the character itself.
 char16_t SimpleUpper(char16_t ch);
 char16_t SimpleLower(char16_t ch);
 
