@@ -1,4 +1,5 @@
-// Lib: block operations over raw memory in units of 8, 16 and 32 bits.
+// Lib: block operations over raw memory in units of 8, 16 and 32 bits; with the sorts, the
+// random generator and the process services of the headers below.
 //
 // Moves take the source first and the destination second. Counts are in elements of the
 // operation's unit. Scans and compares give a count: the number of elements passed over before
@@ -6,6 +7,9 @@
 #pragma once
 
 #include <brelt/config.h>
+#include <brelt/lib/process.h>
+#include <brelt/lib/random.h>
+#include <brelt/lib/sort.h>
 
 namespace Lib {
 

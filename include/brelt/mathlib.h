@@ -1,5 +1,5 @@
 // MATHLIB: elementary functions on doubles under the library's names, a whole-number power,
-// and the error hook variable.
+// the error hook variable, and packed decimal integers.
 //
 // The elementary functions hand their arguments to the runtime's functions unchanged and add
 // no check: a domain error or overflow gives what the runtime gives. Nothing is reported.
@@ -47,5 +47,21 @@ BRELT_API double Mod(double x, double y);
 // x to the power n by binary powering. n 0 gives 1.0 for every x, NaN included; a negative n
 // powers the reciprocal of x, so IntPow(10.0, -3) is 0.1 cubed, not 1 / 1000.
 BRELT_API double IntPow(double x, int n);
+
+// A signed decimal integer of 18 digits in 10 bytes: bytes 0 to 8 hold two digits each, least
+// significant byte first and the higher digit in the upper four bits; bit 7 of byte 9 is the
+// sign. All digits 0 with the sign set is negative zero.
+struct PackedBcd {
+  unsigned char bytes[10];
+};
+static_assert(sizeof(PackedBcd) == 10);
+
+// The whole part of `value`, cut toward zero. Magnitudes from 1.15e18 up, infinities and NaN
+// give all nines; magnitudes below 1 give zero digits under their sign. Only digits below
+// 10^18 are kept.
+BRELT_API PackedBcd LongToBcd(double value);
+// The digits summed from the lowest, two additions of double arithmetic per byte, a digit
+// above 9 counting with its value; exact below 2^53. Only bit 7 of byte 9 is read of it.
+BRELT_API double BcdToLong(PackedBcd bcd);
 
 }  // namespace MATHLIB

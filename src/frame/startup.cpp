@@ -7,19 +7,23 @@
 #include "startup.h"
 
 #include "brelt/fio.h"
+#include "brelt/lib/random.h"
 #include "brelt/os.h"
 #include "brelt/seh.h"
 #include "brelt/storage.h"
 #include "brelt/str.h"
+#include "lib/random_state.h"
 
 namespace brelt::frame {
 
 void RunStartup() {
+  lib::FreeRandomLock();
   FIO::InitModule();
   SEH::InitModule();
   Storage::InitModule();
   os::__INIT();
   Str::InitModule();
+  Lib::RANDOMIZE();
 }
 
 }  // namespace brelt::frame

@@ -8,6 +8,7 @@
 #include <errno.h>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include "platform/last_error.h"
@@ -123,6 +124,10 @@ bool CloseFile(Handle file) {
   if (file == kInvalidHandle) return true;
   const int fd = Descriptor(file);
   if (fd < 0) return false;
+  // A process handle from StartProcess: a child that has ended is reaped as its handle goes,
+  // so that it does not stay behind as a zombie. For any other descriptor this fails at once.
+  siginfo_t ended;
+  waitid(P_PIDFD, static_cast<id_t>(fd), &ended, WEXITED | WNOHANG);
   // A close interrupted by a signal has released the descriptor all the same on Linux.
   return close(fd) == 0 || errno == EINTR || FailFromErrno();
 }

@@ -48,6 +48,7 @@ constexpr ErrnoCode kTable[] = {
     {ELOOP, kErrorCantResolveFilename},
     {EOVERFLOW, kErrorFileTooLarge},
     {EDQUOT, kErrorDiskFull},
+    {ENOEXEC, kErrorBadExeFormat},
     {ENOSYS, kErrorInvalidFunction},
     {EOPNOTSUPP, kErrorInvalidFunction},
 };
