@@ -3,6 +3,7 @@
 
 #include <brelt/config.h>
 #include <brelt/fio.h>
+#include <brelt/fior.h>
 #include <brelt/lib.h>
 #include <brelt/mathlib.h>
 #include <brelt/os.h>
