@@ -8,6 +8,8 @@
 #include <cstdint>
 #include <type_traits>
 
+#include "lib/page_room.h"
+
 namespace brelt::scan {
 
 // One bit per byte of a block, bit 0 for its lowest byte.
@@ -284,11 +286,6 @@ inline std::uint64_t Count(const T* p, std::uint64_t n, T v) {
   std::uint64_t count = lanes / sizeof(T);
   for (; i < n; ++i) count += (ElementAt(p, i) == v);
   return count;
-}
-
-// Bytes from p up to the next 4 KiB boundary, the smallest page of every target.
-inline std::uint64_t PageRoom(const std::uint8_t* p) {
-  return 4096 - (reinterpret_cast<std::uintptr_t>(p) & 4095);
 }
 
 // Index of the first byte that differs between a[0..n) and b[0..n), or n. Only the bytes up to

@@ -10,6 +10,7 @@
 
 #include "brelt/str/integers.h"
 #include "int_digits.h"
+#include "lib/page_room.h"
 
 namespace {
 
@@ -50,14 +51,8 @@ template <class U, class T>
   return {acc, good};
 }
 
-// Whether the eight bytes at s lie on one page. The bound of a text read as far as its NUL
-// says nothing of where readable memory ends; the page of its first byte does.
-inline bool EightOnOnePage(const char* s) {
-  return (reinterpret_cast<std::uintptr_t>(s) & 4095) <= 4096 - 8;
-}
-
 // The eight bytes at s as one word, lowest address in the lowest byte. Bytes behind a NUL may
-// be read here, on the page of the text (see above), hence no address sanitizing.
+// be read here, on the page of the text, hence no address sanitizing.
 __attribute__((no_sanitize_address)) inline std::uint64_t LoadEight(const char* s) {
   return static_cast<std::uint64_t>(
       _mm_cvtsi128_si64(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(s))));
@@ -101,7 +96,7 @@ template <class U, class T>
                                                      std::uint64_t{high} + 1);
   U acc = 0;
   if constexpr (sizeof(T) == 1) {
-    if (i + 8 <= stop && EightOnOnePage(src + i)) {
+    if (i + 8 <= stop && brelt::scan::PageRoom(src + i) >= 8) {
       std::uint32_t first;
       const unsigned n = LeadingDigits8(src + i, first);
       acc = first;
