@@ -76,7 +76,7 @@ class FiorRedirection : public brelt::test::ScratchDrives {
 TEST_F(FiorRedirection, SearchOrder) {
   const struct {
     std::vector<std::string> files;
-    std::string name, want, open;
+    std::string name, want, open = {};
   } rows[] = {
       {{"D:\\work\\a.dat", "F:\\cfg\\data\\a.dat"}, "a.dat", "D:\\work\\a.dat"},
       {{"F:\\cfg\\data\\a.dat", "F:\\shared\\data\\a.dat"}, "a.dat", "F:\\cfg\\data\\a.dat"},
@@ -103,13 +103,14 @@ TEST_F(FiorRedirection, SearchOrder) {
 }
 
 // New files: no look at the disk; the first matching line with directories decides by its
-// first directory, else BaseDir; an absolute name is only expanded.
+// first directory, else BaseDir; an absolute name is only expanded, from BaseDir, so that a
+// drive letter in front of a relative path is dropped.
 TEST_F(FiorRedirection, NewFilePlaces) {
   const struct { const char* name; const char* want; } rows[] = {
       {"b.dat", "F:\\cfg\\data\\b.dat"},     {"b.txt", "F:\\cfg\\b.txt"},
       {"\\b.txt", "D:\\b.txt"},              {"sub\\..\\b.dat", "F:\\cfg\\data\\b.dat"},
       {"a.ini", "D:\\etc\\a.ini"},           {"a.x", "F:\\cfg\\more\\a.x"},
-      {"E:x\\..\\y.dat", "E:\\y.dat"},
+      {"E:x\\..\\y.dat", "F:\\cfg\\y.dat"},
   };
   for (const auto& r : rows) {
     const std::string name = r.name;

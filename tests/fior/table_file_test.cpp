@@ -136,7 +136,7 @@ TEST_F(FiorTableFile, GrammarInEveryEncodingAndLineEnd) {
 TEST_F(FiorTableFile, ElementsTooLongForTheirArrays) {
   const std::string p300(300, 'p'), d300(300, 'd');
   const struct { std::string line; Table want; } rows[] = {
-      {p300 + " = " + d300 + "; b", {{p300.substr(0, 260), {d300.substr(0, 260), "b"}}}},
+      {p300 + "=" + d300 + ";b", {{p300.substr(0, 260), {d300.substr(0, 260), "b"}}}},
       {"  " + p300 + "=x", {{p300.substr(0, 258), {"x"}}}},
       {"x=" + std::string(1100, 'y'),
        {{"x", {std::string(260, 'y')}}, {std::string(77, 'y'), {std::string(77, 'y')}}}},
