@@ -8,6 +8,7 @@
 // The file lives in a scratch folder made once and removed at exit.
 //
 // Input: the file's bytes.
+#include <brelt/fio.h>
 #include <brelt/fior.h>
 #include <stdlib.h>
 #include <unistd.h>
