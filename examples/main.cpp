@@ -1,55 +1,53 @@
-// A small application on brelt: it builds a greeting in a fixed array, looks through it,
-// shows what the bounded strings do at the array's edge, and touches numbers, memory,
-// wildcards and the calendar.
+// A small application on brelt: it knows its data file only by the bare name "a.dat" and
+// leaves the file's place to a redirection file. It lays out, in a temporary folder,
+//   cfg\paths.txt   "*.dat = ..\data"      (a relative directory counts from cfg)
+//   data\a.dat      four numbers
+// then reads the table, opens "a.dat" through it and reads the numbers as 16-bit values.
 #include <brelt/brelt.h>
 
 #include <cstdio>
+#include <filesystem>
+#include <fstream>
+
+namespace fs = std::filesystem;
+
+static void Put(const fs::path& file, const char* text) {
+  fs::create_directories(file.parent_path());
+  std::ofstream(file, std::ios::binary) << text;
+}
 
 int main() {
-  char line[32];
-  const char hello[] = "Hello, ";
-  const char name[] = "brelt";
-  Str::ConcatA(sizeof line - 1, line, sizeof hello - 1, hello, sizeof name - 1, name);
-  std::printf("%s (length %u)\n", line, Str::LengthA(sizeof line - 1, line));
+  const fs::path home = fs::temp_directory_path() / "brelt-example";
+  const fs::path before = fs::current_path();
+  Put(home / "cfg" / "paths.txt", "*.dat = ..\\data\r\n");
+  Put(home / "data" / "a.dat", "440 8080\r\n65535 70000\r\n");
+  fs::current_path(home);  // brelt follows the process's current directory
 
-  const char needle[] = "brelt";
-  std::printf("\"%s\" found at %u\n", needle, Str::PosA(sizeof line - 1, line, sizeof needle - 1, needle));
-  std::printf("last 'l' at %u, %u of them\n", Str::RCharPosA(sizeof line - 1, line, 'l'),
-              Str::CountA(sizeof line - 1, line, 'l'));
+  // 1. The table: one line, *.dat, with one directory.
+  const char table[] = "cfg\\paths.txt";
+  FIOR::InitA(sizeof table - 1, table);
 
-  // Four characters fill a four-element array: no terminator is stored, and that is a whole
-  // string of length 4.
-  char word[4];
-  Str::CopyA(sizeof word - 1, word, sizeof line - 1, line);
-  std::printf("cut to 4: \"%.4s\", length %u\n", word, Str::LengthA(sizeof word - 1, word));
+  // 2. Where the bare name is found, and the file opened through the same search.
+  const char name[] = "a.dat";
+  char found[260] = "";
+  FIOR::FindPathA(sizeof name - 1, name, sizeof found - 1, found);
+  std::printf("%s found as %s\n", name, found);
+  const FIO::FileHandle file = FIOR::OpenReadA(sizeof name - 1, name, 1);
 
-  // The block operations count: bytes equal before the first difference.
-  const char a[] = "abcdef", b[] = "abcxef";
-  std::printf("equal prefix of \"%s\" and \"%s\": %llu bytes\n", a, b,
-              static_cast<unsigned long long>(Lib::Compare(a, b, 6)));
+  // 3. Numbers until one does not fit 16 bits (or the file ends): ok turns 0.
+  unsigned char ok = 1;
+  int read = 0;
+  while (ok != 0) {
+    const unsigned short value = FIO::RdCard16A(file, &ok);
+    std::printf("RdCard16A: %5u  ok %u\n", value, ok);
+    read += ok;
+  }
+  std::printf("IOresult after the last read: %u\n", FIO::IOresult());
+  FIO::Close(file);
 
-  // Numbers as text and back, in any base from 2 to 16.
-  char digits[40];
-  unsigned char ok = 0;
-  Str::IntToStrA(-255, sizeof digits - 1, digits, 16, &ok);
-  std::printf("-255 in base 16: %s (ok %u)\n", digits, ok);
-  const char real[] = "6.02214076E23";
-  const double avogadro = Str::StrToRealA(sizeof real - 1, real, &ok);
-  std::printf("%s reads as %.9g (ok %u); 2 to the -3rd is %g\n", real, avogadro, ok,
-              MATHLIB::IntPow(2.0, -3));
-
-  // Memory that cannot fail from the caller's view, and case-blind wildcards.
-  void* block = nullptr;
-  Storage::Allocate(&block, 64);
-  char* file = static_cast<char*>(block);
-  Str::CopyA(63, file, 10, "Report.TXT");
-  Str::CapsA(63, file);
-  const char pattern[] = "*.t?t";
-  std::printf("%s matches %s: %u\n", file, pattern,
-              Str::MatchA(63, file, sizeof pattern - 1, pattern));
-  Storage::Free(&block);
-
-  // Julian day numbers: noon of 1 January 2000 is day 2451545.
-  std::printf("JD of 2000-01-01 12:00: %.1f\n", os::JD(2000, 1, 1, 0.5));
-  return 0;
+  // 4. Done frees the table; the folder goes.
+  FIOR::Done();
+  fs::current_path(before);
+  fs::remove_all(home);
+  return read == 3 ? 0 : 1;
 }
