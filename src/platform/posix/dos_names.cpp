@@ -103,13 +103,35 @@ bool FindIgnoringCase(const char* dir, const char* name, std::uint32_t n, std::s
   return hit;
 }
 
+// Where the lookup of `n` may start: behind the deepest folder on the way that exists as
+// written, sought from the end, so that a missing file in an existing folder costs one more
+// test of existence before its folder is read. From `from` on otherwise.
+std::uint32_t DeepestFolderAsWritten(NativeName* n, std::uint32_t from) {
+  std::uint32_t end = n->length;
+  while (end > from) {
+    std::uint32_t slash = end - 1;
+    while (slash > from && n->path[slash] != '/') --slash;
+    if (slash <= from) break;
+    n->path[slash] = '\0';
+    struct stat st;
+    const bool folder = stat(n->path, &st) == 0 && S_ISDIR(st.st_mode);
+    n->path[slash] = '/';
+    if (folder) return slash;
+    end = slash;
+  }
+  return from;
+}
+
 // Brings the components from `from` on to their spelling on disk (see the header), and notes
 // whether every folder on the way exists.
 bool MatchCaseOnDisk(NativeName* n, std::uint32_t from, bool lookupLast) {
   n->parentFound = true;
+  n->missingErrno = 0;
   struct stat st;
   if (stat(n->path, &st) == 0) return true;
-  std::uint32_t i = from;  // at the '/' in front of a component
+  const int missing = errno;
+  bool respelled = false;
+  std::uint32_t i = DeepestFolderAsWritten(n, from);  // at the '/' in front of a component
   while (i < n->length) {
     std::uint32_t next = i + 1;
     while (next < n->length && n->path[next] != '/') ++next;
@@ -117,12 +139,19 @@ bool MatchCaseOnDisk(NativeName* n, std::uint32_t from, bool lookupLast) {
     if (last && !lookupLast) break;
     const char saved = n->path[next];
     n->path[next] = '\0';
-    bool present = stat(n->path, &st) == 0;
+    bool present = false;
+    if (last && !respelled) {
+      errno = missing;  // the whole name as written, tested above
+    } else {
+      present = stat(n->path, &st) == 0;
+    }
     if (!present && errno == ENOENT) {
+      const int err = errno;
       n->path[i] = '\0';
       std::string found;
       const bool hit = FindIgnoringCase(n->path, n->path + i + 1, next - i - 1, &found);
       n->path[i] = '/';
+      errno = err;
       if (hit) {
         const auto size = static_cast<std::uint32_t>(found.size());
         if (n->length - (next - i - 1) + size >= kNativeMax) return Fail(kErrorFilenameTooLong);
@@ -133,10 +162,14 @@ bool MatchCaseOnDisk(NativeName* n, std::uint32_t from, bool lookupLast) {
         next = i + 1 + size;
         n->path[next] = '\0';
         present = stat(n->path, &st) == 0;
+        respelled = true;
       }
     }
     n->path[next] = saved;
-    if (last) break;
+    if (last) {
+      if (!present) n->missingErrno = errno;
+      break;
+    }
     if (!present || !S_ISDIR(st.st_mode)) {
       n->parentFound = false;
       break;
@@ -162,9 +195,11 @@ bool ResolveName(const char* name, NameUse use, NativeName* out) {
     drive = CurrentDrive();
     if (n >= 2 && IsSeparator(s[0]) && IsSeparator(s[1])) return Fail(kErrorBadNetPath);
   }
-  std::string root, current;
-  if (!DriveFolders(drive, &root, &current)) return Fail(kErrorPathNotFound);
   const bool fromRoot = pos < n && IsSeparator(s[pos]);
+  std::string root, current;
+  if (!DriveFolders(drive, &root, fromRoot ? nullptr : &current)) {
+    return Fail(kErrorPathNotFound);
+  }
   out->length = 0;
   out->drive = drive;
   out->trailingSeparator = IsSeparator(s[n - 1]);

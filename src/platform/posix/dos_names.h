@@ -26,6 +26,7 @@ struct NativeName {
   std::uint32_t lastStart;   // where the last component begins; == length for a drive's root
   char drive;                // the drive the name lies on
   bool parentFound;          // every folder on the way exists
+  int missingErrno;          // not 0: the lookup found no entry, and this is why
   bool trailingSeparator;    // the name ended in a separator
 };
 

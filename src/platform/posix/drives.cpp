@@ -64,8 +64,9 @@ bool DriveFolders(char letter, std::string* root, std::string* current) {
   std::lock_guard<std::recursive_mutex> hold(d.lock);
   const int i = Index(letter);
   if (i < 0 || !d.mapped[i]) return false;
-  if (i == d.current - 'A') FollowProcessDirectory(d);
   *root = d.root[i];
+  if (current == nullptr) return true;
+  if (i == d.current - 'A') FollowProcessDirectory(d);
   *current = d.shown[i];
   return true;
 }

@@ -30,6 +30,10 @@ using posix::NameUse;
 // Resolves `name` and reads its status; false (last error set) when it is not there.
 bool Existing(const char* name, NativeName* n, struct stat* st) {
   if (!posix::ResolveName(name, NameUse::kPlain, n)) return false;
+  if (n->missingErrno != 0) {
+    errno = n->missingErrno;
+    return posix::FailForName(*n);
+  }
   if (stat(n->path, st) != 0) return posix::FailForName(*n);
   if (n->trailingSeparator && !S_ISDIR(st->st_mode)) return Fail(kErrorInvalidName);
   return true;
