@@ -38,12 +38,11 @@ void AddExtension(unsigned int high, char* name, unsigned int exthigh, const cha
 bool TakesNoExtension(const char* name, unsigned int len) {
   if (len == 0) return true;
   const char last = name[len - 1];
-  if (len == 1) return last == '.' || last == '\\';
+  if (last == ':') return true;
+  if (last != '.' && last != '\\') return false;
+  if (len == 1) return true;
   const char before = name[len - 2];
-  if ((last == '.' || last == '\\') && (before == '.' || before == ':' || before == '\\')) {
-    return true;
-  }
-  return last == ':';
+  return before == '.' || before == ':' || before == '\\';
 }
 
 void ChangeExtension(unsigned int high, char* name, unsigned int exthigh, const char* ext) {

@@ -44,10 +44,11 @@ void SplitAllPathA(unsigned int, const char* path, unsigned int drivehigh, char*
   for (; path[end] != '\0'; ++end) {
     if (IsSeparator(path[end])) nameStart = end + 1;
   }
-  // The last dot of the name that a dot does not follow: "a..b" has the extension ".b".
+  // The last dot of the name: neither a dot nor a separator can follow it, so "a..b" has the
+  // extension ".b" and "a." the extension ".".
   std::uint64_t dot = end;
   for (std::uint64_t k = end; k > nameStart; --k) {
-    if (path[k - 1] == '.' && path[k] != '.') {
+    if (path[k - 1] == '.') {
       dot = k - 1;
       break;
     }

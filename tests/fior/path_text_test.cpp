@@ -136,7 +136,7 @@ TEST(FiorExtension, Table) {
       {"a.", "a.", "a.ext", "", "a"},            {"..", "..", "..", "", "."},
       {"C:", "C:.ext", "C:", "", "C:"},          {"C:\\", "C:\\.ext", "C:\\", "", "C:\\"},
       {"", ".ext", "", "", ""},                  {"x\\.", "x\\.", "x\\.", "", "x\\"},
-      {".\\", ".\\.ext", ".\\", "", ".\\"}};
+      {".\\", ".\\.ext", ".\\", "", ".\\"},         {":", ":.ext", ":", "", ":"}};
   for (const auto& r : rows) {
     auto add = In(r.name, 16), change = In(r.name, 16), remove = In(r.name, 16);
     auto name = In(r.name);
