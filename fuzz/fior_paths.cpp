@@ -166,8 +166,9 @@ void FuzzSplitAll(FuzzedDataProvider& in, const std::string& bytes) {
   BRELT_FUZZ_CHECK(MakeAll(kRoom, full).Text() == p);
   CheckCut(MakeAll(1 + in.ConsumeIntegral<std::uint8_t>() % (p.size() + 2), full), p);
 
-  Parts cut = SplitAll(path, high, {TakeDest<char>(in, drive.size()), TakeDest<char>(in, dir.size()),
-                                    TakeDest<char>(in, name.size()), TakeDest<char>(in, ext.size())});
+  Parts cut = SplitAll(path, high,
+                       {TakeDest<char>(in, drive.size()), TakeDest<char>(in, dir.size()),
+                        TakeDest<char>(in, name.size()), TakeDest<char>(in, ext.size())});
   CheckCut(cut.drive, drive);
   const bool driveWhole = cut.drive.cap >= drive.size();
   if (driveWhole) {
@@ -188,7 +189,8 @@ void FuzzSplitAll(FuzzedDataProvider& in, const std::string& bytes) {
 
 // MakeAllPathA over four texts of any content: the parts in order, a backslash behind a
 // directory that ends in no separator, a dot in front of an extension that has none.
-void FuzzMakeAll(FuzzedDataProvider& in, const std::string& pathBytes, const std::string& extBytes) {
+void FuzzMakeAll(FuzzedDataProvider& in, const std::string& pathBytes,
+                 const std::string& extBytes) {
   const Text<char> drive = Make<char>(in, extBytes), dir = Make<char>(in, pathBytes),
                    name = Make<char>(in, pathBytes.substr(pathBytes.size() / 2)),
                    ext = Make<char>(in, extBytes.substr(extBytes.size() / 2));
@@ -208,7 +210,8 @@ void FuzzMakeAll(FuzzedDataProvider& in, const std::string& pathBytes, const std
 // Names that take no extension: empty, ".", a backslash, a drive, or "..", "x\.", "C:\", ".\".
 bool TakesNoExtension(const std::string& t) {
   if (t.empty() || t == "." || t == "\\" || t.back() == ':') return true;
-  return t.size() >= 2 && (t.back() == '.' || t.back() == '\\') && HasAny(t.substr(t.size() - 2, 1), ".:\\");
+  return t.size() >= 2 && (t.back() == '.' || t.back() == '\\') &&
+         HasAny(t.substr(t.size() - 2, 1), ".:\\");
 }
 
 std::string Lower(std::string s) {
@@ -292,7 +295,8 @@ void FuzzWildcardTail(FuzzedDataProvider& in, const std::string& nameBytes) {
   std::string want = t;
   if (!t.empty() && start <= high) {
     const std::size_t dot = t.rfind('.');
-    want = t.substr(0, start) + "*" + (dot != std::string::npos && dot > start ? t.substr(dot) : "");
+    const bool ext = dot != std::string::npos && dot > start;
+    want = t.substr(0, start) + "*" + (ext ? t.substr(dot) : "");
   }
   FIOR::WildcardTailA(high, name.data());
   CheckInPlace(name, high, before, want);
