@@ -1,11 +1,13 @@
-// Path text: SplitPathA/W, SplitAllPathA, MakeAllPathA, the extension operations and
-// WildcardTail over any text, every output in a guard-page array with a small random bound.
+// Path text: SplitPathA/W, SplitAllPathA, MakeAllPathA, the extension operations,
+// WildcardTail, ExpandPath2, MakePath2 and JoinPathA over any text, every output in a
+// guard-page array with a small random bound.
 // Invariants: nothing is written past a bound, nor behind an output's text and its NUL (in
 // place: behind the new text's NUL nothing changes); a cut output is the uncut result cut to
 // its capacity; SplitPath's directory and name give the path back, with the backslash between
 // them only where the directory stands above a root; SplitAllPathA's four parts joined give the
 // path when none filled its array, and MakeAllPathA joins them back; the extension found after
-// ChangeExtension is the one given; IsExtension agrees with GetExtension for a plain extension.
+// ChangeExtension is the one given; IsExtension agrees with GetExtension for a plain extension;
+// a full form with a drive that fitted holds no "." or ".." component and expands to itself.
 //
 // Input: the path text and the extension text; then from the back the twin and scan width,
 // the code page, and per operation its flags and bounds.
@@ -302,6 +304,46 @@ void FuzzWildcardTail(FuzzedDataProvider& in, const std::string& nameBytes) {
   CheckInPlace(name, high, before, want);
 }
 
+// ExpandPath2 from one of a few base directories, cut to a small array and whole; MakePath2
+// and JoinPathA for their bounds.
+void FuzzExpand(FuzzedDataProvider& in, const std::string& pathBytes,
+                const std::string& dirBytes) {
+  static FIOR::CRed1A table;
+  static const char* const kBases[] = {"", "C:\\base", "E:\\b\\", "\\\\srv\\share"};
+  std::strcpy(table.BaseDir, kBases[in.ConsumeIntegral<std::uint8_t>() % 4]);
+  const unsigned flags = in.ConsumeIntegral<std::uint8_t>();
+  Text<char> src = Place<char>(Chars<char>(pathBytes, flags), flags);
+  const unsigned high = TakeSourceHigh(in, src);
+  const unsigned char flag = in.ConsumeBool() ? 1 : 0;
+
+  Dest<char> whole = MakeDest<char>(kRoom, 0);
+  table.ExpandPath2(high, src.data(), whole.high(), whole.data(), flag);
+  const std::string full = whole.Text();
+  BRELT_FUZZ_CHECK(full.size() <= 260);
+  Dest<char> cut = TakeDest<char>(in, full.size());
+  table.ExpandPath2(high, src.data(), cut.high(), cut.data(), flag);
+  CheckCut(cut, full);
+
+  if (full.size() < 259 && full.size() >= 3 && full[1] == ':' && full[2] == '\\') {
+    for (std::size_t at = 3; at < full.size();) {
+      const std::size_t end = std::min(full.find('\\', at), full.size());
+      const std::string part = full.substr(at, end - at);
+      BRELT_FUZZ_CHECK(part != "." && part != "..");
+      at = end + 1;
+    }
+    Dest<char> again = MakeDest<char>(kRoom, 0);
+    table.ExpandPath2(static_cast<unsigned>(full.size()), full.c_str(), again.high(),
+                      again.data(), flag);
+    BRELT_FUZZ_CHECK(again.Text() == full);
+  }
+
+  Text<char> dir = Place<char>(Chars<char>(dirBytes, 0), 0);
+  Dest<char> made = TakeDest<char>(in, 260);
+  table.MakePath2(made.high(), made.data(), dir.high, dir.data(), high, src.data(), flag);
+  Dest<char> joined = TakeDest<char>(in, 260);
+  FIOR::JoinPathA(joined.high(), joined.data(), dir.high, dir.data(), high, src.data());
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -314,7 +356,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   FuzzMakeAll(in, path, ext);
   FuzzExtensions(in, path, ext);
   FuzzWildcardTail(in, path);
-  // The expanding operations (ExpandPath2, MakePath2, JoinPathA) go here, once the table
-  // object they belong to can be built.
+  FuzzExpand(in, path, ext);
   return 0;
 }
