@@ -56,8 +56,11 @@ BRELT_API FileHandle CreateW(unsigned int high, const WChar* name, brelt::ULong 
 BRELT_API FileHandle AppendA(unsigned int high, const char* name, brelt::ULong share);
 BRELT_API FileHandle AppendW(unsigned int high, const WChar* name, brelt::ULong share);
 
+// Releases the handle.
 BRELT_API void Close(FileHandle file);
+// Hands what the system keeps of the file to the disk.
 BRELT_API void Flush(FileHandle file);
+// The position becomes byte `pos`, counted from the start.
 BRELT_API void Seek(FileHandle file, brelt::UInt64 pos);
 // All ones on failure.
 BRELT_API brelt::UInt64 GetPos(FileHandle file);
@@ -72,6 +75,7 @@ BRELT_API void WrBin(FileHandle file, unsigned int high, const void* buf, brelt:
 // 1 for 16-bit text: a byte-order mark FF FE (then left behind, at position 2) or a second
 // byte of 0 (position 0). Otherwise 0, at position 0.
 BRELT_API unsigned char IsUnicodeFile(FileHandle file);
+// The calling thread's last error: the system's code of the last failure, 0 after success.
 BRELT_API brelt::ULong IOresult();
 
 // 1 for an existing file (not a folder) / an existing folder.
@@ -91,6 +95,8 @@ BRELT_API void CloseEntryA(DirEntryA* entry);
 BRELT_API void GetDirA(brelt::ULong drive, unsigned int high, char* dst);
 BRELT_API brelt::ULong GetDrive();
 BRELT_API unsigned char SetDrive(brelt::ULong drive);
+// ChDirA sets the current directory; MkDirA and RmDirA make and remove a folder; DeleteA
+// deletes a file; RenameA gives an entry a new name.
 BRELT_API void ChDirA(unsigned int high, const char* name);
 BRELT_API void MkDirA(unsigned int high, const char* name);
 BRELT_API void RmDirA(unsigned int high, const char* name);
@@ -99,6 +105,7 @@ BRELT_API void RenameA(unsigned int high, const char* name, unsigned int newhigh
                        const char* newname);
 // All ones on failure.
 BRELT_API brelt::ULong GetFileAttrA(unsigned int high, const char* name);
+// On Linux only read-only (0x01) can be set, and on files only.
 BRELT_API void SetFileAttrA(unsigned int high, const char* name, brelt::ULong attrs);
 
 // --- File times. GetFileTime gives the last write time; SetFileTime sets all three. The
@@ -111,6 +118,7 @@ BRELT_API void GetFileTime2(FileHandle file, brelt::ULong* year, brelt::ULong* m
 BRELT_API void SetFileTime2(FileHandle file, brelt::ULong year, brelt::ULong month,
                             brelt::ULong day, brelt::ULong hour, brelt::ULong minute,
                             brelt::ULong second, brelt::ULong milliseconds);
+// The current time as a file time.
 BRELT_API FileTime GetCurrentFileTime();
 
 }  // namespace FIO

@@ -43,6 +43,7 @@ class BRELT_API CRed1A {
   char DefaultDir[260];  // tried after every pattern; empty for none
   PatternNode* List;     // the first line; null for an empty table
 
+  // An empty table; a copy shares the nodes of its source.
   CRed1A();
   CRed1A(const CRed1A& other);
   CRed1A(CRed1A&& other);
@@ -60,6 +61,7 @@ class BRELT_API CRed1A {
                  unsigned int namehigh, const char* name, unsigned char flag) const;
   void MakePath(unsigned int dsthigh, char* dst, unsigned int dirhigh, const char* dir,
                 unsigned int namehigh, const char* name) const;
+  // `dir` without a trailing backslash but for a root; `name` with its extension.
   void SplitPath(unsigned int high, const char* path, unsigned int dirhigh, char* dir,
                  unsigned int namehigh, char* name) const;
   // Extensions are given without their dot.
@@ -70,6 +72,7 @@ class BRELT_API CRed1A {
   // Case-blind; `ext` may hold wildcards.
   unsigned char IsExtension(unsigned int high, const char* name, unsigned int exthigh,
                             const char* ext) const;
+  // The extension goes, with its dot.
   void RemoveExtension(unsigned int high, char* name) const;
   // The base name becomes "*": "dir\abc.txt" gives "dir\*.txt".
   void WildcardTail(unsigned int high, char* name) const;
@@ -102,6 +105,7 @@ class BRELT_API CRed1A {
 // of this class go through the virtual FindPath2.
 class BRELT_API CRed2A : public CRed1A {
  public:
+  // An empty table; a copy shares the nodes of its source.
   CRed2A();
   CRed2A(const CRed2A& other);
   CRed2A(CRed2A&& other);
@@ -111,13 +115,15 @@ class BRELT_API CRed2A : public CRed1A {
   // FindPathInternal with `first` 1.
   virtual unsigned char FindPath2(unsigned int high, const char* name, unsigned int dsthigh,
                                   char* dst);
+  // As in CRed1A, with the search through FindPath2.
   unsigned char FindPath(unsigned int high, const char* name, unsigned int dsthigh, char* dst);
   FileHandle Open(unsigned int high, const char* name, brelt::ULong share);
   FileHandle OpenRead(unsigned int high, const char* name, brelt::ULong share);
   void Delete(unsigned int high, const char* name);
 };
 
-// --- Free functions on the global object.
+// --- Free functions on the global object. Each does what the member of the same name does on
+// the one global CRed2A.
 BRELT_API void ExpandPathA(unsigned int high, const char* src, unsigned int dsthigh, char* dst);
 BRELT_API void MakePathA(unsigned int dsthigh, char* dst, unsigned int dirhigh, const char* dir,
                          unsigned int namehigh, const char* name);
@@ -139,6 +145,7 @@ BRELT_API void MakeAllPathA(unsigned int dsthigh, char* dst, unsigned int driveh
                             const char* drive, unsigned int dirhigh, const char* dir,
                             unsigned int namehigh, const char* name, unsigned int exthigh,
                             const char* ext);
+// As the members of the same names.
 BRELT_API void AddExtensionA(unsigned int high, char* name, unsigned int exthigh,
                              const char* ext);
 BRELT_API void ChangeExtensionA(unsigned int high, char* name, unsigned int exthigh,
@@ -150,11 +157,13 @@ BRELT_API unsigned char IsExtensionA(unsigned int high, const char* name, unsign
 BRELT_API void RemoveExtensionA(unsigned int high, char* name);
 BRELT_API void WildcardTailA(unsigned int high, char* name);
 
+// The global table: InitA reads a redirection file into it, Done frees it.
 BRELT_API void InitA(unsigned int high, const char* name);
 BRELT_API void Done();
 // Without the virtual call.
 BRELT_API unsigned char FindPathA(unsigned int high, const char* name, unsigned int dsthigh,
                                   char* dst);
+// As the members of the same names.
 BRELT_API unsigned char FindNewPathA(unsigned int high, const char* name, unsigned int dsthigh,
                                      char* dst);
 BRELT_API FileHandle OpenA(unsigned int high, const char* name, brelt::ULong share);

@@ -13,14 +13,17 @@
 
 namespace Lib {
 
+// Copies n elements from src to dst; the areas may overlap.
 BRELT_API void Move(const void* src, void* dst, brelt::UInt64 n);
 BRELT_API void WordMove(const void* src, void* dst, brelt::UInt64 n);
 BRELT_API void LongWordMove(const void* src, void* dst, brelt::UInt64 n);
 
+// Sets n elements of dst to value.
 BRELT_API void Fill(void* dst, brelt::UInt64 n, unsigned char value);
 BRELT_API void WordFill(void* dst, brelt::UInt64 n, unsigned short value);
 BRELT_API void LongWordFill(void* dst, brelt::UInt64 n, brelt::ULong value);
 
+// The number of leading elements that are equal in both areas; n when all are.
 BRELT_API brelt::UInt64 Compare(const void* a, const void* b, brelt::UInt64 n);
 BRELT_API brelt::UInt64 WordCompare(const void* a, const void* b, brelt::UInt64 n);
 

@@ -19,12 +19,14 @@ struct Exception {
   double retval;
 };
 
+// The type of MathError.
 using MathErrorHook = int (*)(Exception*);
 
 // A slot for the application, null as loaded. No operation of the library reads, writes or
 // calls it.
 BRELT_API extern MathErrorHook MathError;
 
+// The trigonometric functions and their inverses, in radians.
 BRELT_API double Sin(double x);
 BRELT_API double Cos(double x);
 BRELT_API double Tan(double x);
@@ -33,6 +35,7 @@ BRELT_API double ACos(double x);
 BRELT_API double ATan(double x);
 // The angle of the point (x, y): the horizontal coordinate comes first.
 BRELT_API double ATan2(double x, double y);
+// Hyperbolic functions, e to the x, logarithms, the square root and x to the power y.
 BRELT_API double SinH(double x);
 BRELT_API double CosH(double x);
 BRELT_API double TanH(double x);

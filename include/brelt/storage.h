@@ -40,6 +40,7 @@ BRELT_API void _DbgDeallocate(void** p, brelt::UInt64 size, unsigned int high, c
                               unsigned int line);
 BRELT_API void _DbgFree(void** p, unsigned int high, char* file, unsigned int line);
 
+// Start-up step of the module.
 BRELT_API void InitModule();
 
 // Source first, destination second; counts in bytes. MemoryCopy areas must not overlap.
@@ -51,6 +52,7 @@ BRELT_API void MemoryZero(void* dst, brelt::UInt64 n);
 // Size in bytes of a heap block from this module (at least what was asked for); 0 when the
 // platform cannot tell.
 BRELT_API brelt::UInt64 MemorySize(void* p);
+// The machine's memory figures, in the order of TMemoryStatus.
 BRELT_API void GetMemoryStatus(TMemoryStatus* status);
 
 // 1 when the area (or the NUL-terminated text, looked at for at most n characters) can not

@@ -45,6 +45,7 @@ BRELT_API void SetEnvironmentStringA(unsigned int highName, const char* name,
                                      unsigned int highValue, const char* value);
 
 // --- Waiting and sound.
+// Waits `ms` milliseconds.
 BRELT_API void Delay(unsigned int ms);
 // A tone of `frequency` hertz for `duration` ms, where the platform has a speaker.
 BRELT_API void Speaker(unsigned int frequency, unsigned int duration);

@@ -12,6 +12,7 @@ namespace Str {
 
 using brelt::WChar;
 
+// One character as capital (Cap) or small (Low) letter.
 BRELT_API char CapA(char ch);
 BRELT_API char LowA(char ch);
 BRELT_API WChar CapW(WChar ch);
@@ -23,6 +24,8 @@ BRELT_API void LowsA(unsigned int high, char* s);
 BRELT_API void CapsW(unsigned int high, WChar* s);
 BRELT_API void LowsW(unsigned int high, WChar* s);
 
+// Orderings by unsigned code, where a text that ends first comes first: Compare gives -1, 0
+// or +1, Same 1 for equal texts and else 0.
 BRELT_API int CompareA(unsigned int aHigh, const char* a, unsigned int bHigh, const char* b);
 BRELT_API int CompareW(unsigned int aHigh, const WChar* a, unsigned int bHigh, const WChar* b);
 BRELT_API unsigned char SameA(unsigned int aHigh, const char* a, unsigned int bHigh,
@@ -30,6 +33,8 @@ BRELT_API unsigned char SameA(unsigned int aHigh, const char* a, unsigned int bH
 BRELT_API unsigned char SameW(unsigned int aHigh, const WChar* a, unsigned int bHigh,
                               const WChar* b);
 
+// Orderings by the user's locale, with and without case: -1, 0 or +1, and -2 when the
+// system cannot order the texts.
 BRELT_API int LocaleCompareA(unsigned int aHigh, const char* a, unsigned int bHigh,
                              const char* b);
 BRELT_API int LocaleCompareCaseInsensitiveA(unsigned int aHigh, const char* a,

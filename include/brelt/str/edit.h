@@ -38,6 +38,7 @@ BRELT_API void SubstA(unsigned int high, char* s, unsigned int patHigh, const ch
 BRELT_API void SubstW(unsigned int high, WChar* s, unsigned int patHigh, const WChar* pat,
                       unsigned int replHigh, const WChar* repl);
 
+// Blanks go from the left end (LTrim), the right end (RTrim) or both (Trim).
 BRELT_API void LTrimA(unsigned int high, char* s);
 BRELT_API void LTrimW(unsigned int high, WChar* s);
 BRELT_API void RTrimA(unsigned int high, char* s);

@@ -16,11 +16,13 @@ namespace Str {
 
 using brelt::WChar;
 
+// Bounded forms: the code page's text to 16-bit text (A2U) and back (U2A).
 BRELT_API void A2U(unsigned int srcHigh, const char* src, unsigned int dstHigh, WChar* dst);
 BRELT_API void U2A(unsigned int srcHigh, const WChar* src, unsigned int dstHigh, char* dst);
 BRELT_API void C_A2U(unsigned int dstHigh, WChar* dst, unsigned int srcHigh, const char* src);
 BRELT_API void C_U2A(unsigned int dstHigh, char* dst, unsigned int srcHigh, const WChar* src);
 
+// Pointer forms of the same two conversions.
 BRELT_API void A2UP(const void* src, unsigned int srcLen, void* dst, unsigned int* dstLen);
 BRELT_API void U2AP(const void* src, unsigned int srcLen, void* dst, unsigned int* dstLen);
 

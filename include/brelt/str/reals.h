@@ -15,6 +15,7 @@ namespace Str {
 
 using brelt::WChar;
 
+// The number in the text of (high, src).
 BRELT_API double StrToRealA(unsigned int high, const char* src, unsigned char* ok);
 BRELT_API double StrToRealW(unsigned int high, const WChar* src, unsigned char* ok);
 
