@@ -12,6 +12,7 @@
 // Input: the path text and the extension text; then from the back the twin and scan width,
 // the code page, and per operation its flags and bounds.
 #include <brelt/fior.h>
+#include <brelt/str/case.h>
 
 #include <algorithm>
 #include <cstring>
@@ -324,7 +325,11 @@ void FuzzExpand(FuzzedDataProvider& in, const std::string& pathBytes,
   table.ExpandPath2(high, src.data(), cut.high(), cut.data(), flag);
   CheckCut(cut, full);
 
-  if (full.size() < 259 && full.size() >= 3 && full[1] == ':' && full[2] == '\\') {
+  // A relative path from an empty base may come out looking like one with a drive ("::a:\q"
+  // gives "a:\q"); only a head as expansion writes it (a capital, no blank) marks a full form.
+  const bool drive = full.size() >= 3 && full[1] == ':' && full[2] == '\\' &&
+                     Str::CapA(full[0]) == full[0] && !HasAny(full.substr(0, 1), "\t\n\r ");
+  if (full.size() < 259 && drive) {
     for (std::size_t at = 3; at < full.size();) {
       const std::size_t end = std::min(full.find('\\', at), full.size());
       const std::string part = full.substr(at, end - at);
