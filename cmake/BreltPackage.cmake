@@ -34,7 +34,6 @@ else()
   set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
   set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
   set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
-  set(CPACK_DEBIAN_PACKAGE_HOMEPAGE "")
 
   set(brelt_runtime_package libbrelt${PROJECT_VERSION_MAJOR})
   set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME ${brelt_runtime_package})
@@ -49,12 +48,15 @@ else()
   set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/cmake/debian/triggers
       ${PROJECT_SOURCE_DIR}/cmake/debian/postinst ${PROJECT_SOURCE_DIR}/cmake/debian/postrm)
   set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
-  set(CPACK_DEBIAN_RUNTIME_DESCRIPTION "brelt runtime library: strings, numbers as text, files, time, math
-brelt is one shared library through which an application reaches memory,
+  # Descriptions: the synopsis, then the text that both packages share, then their own.
+  set(brelt_about "brelt is one shared library through which an application reaches memory,
 bounded strings in 8-bit and 16-bit characters, numbers as text, files,
 path redirection, time, calendar and mathematics, with the same behaviour
 on Linux and Windows.
-.
+.")
+  set(CPACK_DEBIAN_RUNTIME_DESCRIPTION
+      "brelt runtime library: strings, numbers as text, files, time, math
+${brelt_about}
 This package holds the shared library.")
 
   # Each package carries the copyright file and the changelog (compressed, as Debian wants it)
@@ -73,11 +75,7 @@ This package holds the shared library.")
   # libbrelt-dev depends on the library package of the same version.
   set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
   set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "development files for the brelt runtime library
-brelt is one shared library through which an application reaches memory,
-bounded strings in 8-bit and 16-bit characters, numbers as text, files,
-path redirection, time, calendar and mathematics, with the same behaviour
-on Linux and Windows.
-.
+${brelt_about}
 This package holds the headers, the link to the library, the CMake package
 (find_package(brelt)) and the pkg-config file (brelt.pc).")
 endif()

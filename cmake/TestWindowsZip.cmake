@@ -36,8 +36,8 @@ endforeach()
 # The version resource, read back from the DLL as resource text.
 execute_process(COMMAND ${WINDRES} -i ${root}/bin/brelt.dll -O rc
   OUTPUT_VARIABLE resource RESULT_VARIABLE rc)
-string(REPLACE "." "," numbers ${VERSION})
-if(NOT rc EQUAL 0 OR NOT resource MATCHES "FILEVERSION ${numbers},0"
+string(REPLACE "." ", " numbers ${VERSION})
+if(NOT rc EQUAL 0 OR NOT resource MATCHES "FILEVERSION ${numbers}, 0\n"
    OR NOT resource MATCHES "VALUE \"ProductVersion\", \"${VERSION}\"")
   message(FATAL_ERROR "brelt.dll does not carry version ${VERSION}:\n${resource}")
 endif()
