@@ -108,7 +108,7 @@ TEST_F(FiorRedirection, SearchOrder) {
 // leaves new names so; `first` 0 skips the name as written and gives an absolute name back
 // unexpanded.
 TEST_F(FiorRedirection, PlacesOfNewAndExistingFiles) {
-  PutNamed({"E:\\def\\x.txt", "E:\\def\\a.dat", "D:\\work\\a.dat"});
+  PutNamed({"E:\\def\\x.txt", "E:\\def\\a.dat", "D:\\work\\a.dat", "F:\\cfg\\data\\a.dat"});
   const struct { Call call; const char* def; S name, want; } rows[] = {
       {kFreeNew, "", "b.dat", "F:\\cfg\\data\\b.dat"},   {kFreeNew, "", "b.txt", "F:\\cfg\\b.txt"},
       {kFreeNew, "", "\\b.txt", "D:\\b.txt"},            {kNew, "", "a.x", "F:\\cfg\\more\\a.x"},
@@ -118,7 +118,7 @@ TEST_F(FiorRedirection, PlacesOfNewAndExistingFiles) {
       {kNew, "E:\\def", "b.dat", "F:\\cfg\\data\\b.dat"},
       {kFind, "E:\\def", "x.txt", "E:\\def\\x.txt"},
       {kFind, "E:\\def\\", "x.txt", "E:\\def\\x.txt"},
-      {kFirst0, "E:\\def", "a.dat", "E:\\def\\a.dat"},
+      {kFirst0, "E:\\def", "a.dat", "F:\\cfg\\data\\a.dat"},
       {kFirst0, "", "E:\\def\\..\\def\\a.dat", "E:\\def\\..\\def\\a.dat"},
       {kEmptyFind, "", "a.dat", "D:\\work\\a.dat"},      {kEmptyNew, "", "y", "y"}};
   for (const auto& r : rows) {

@@ -43,7 +43,7 @@ const struct { SV line, node; } kGrammar[] = {
     {"*.ini=D:\\etc", "[*.ini] {D:\\etc}"},
     {"readme.txt = docs;;more docs", "[readme.txt] {docs} {more docs}"},
     {"*.bmp = a; ;b", "[*.bmp] {a}"}, {"*.tmp =", "[*.tmp]"}, {"", ""},
-    {"report", "[report] {report}"},  {"; note", "[; note] {note}"}, {"=x", "[x] {x}"},
+    {"rep\rort", "[report] {report}"},  {"; note", "[; note] {note}"}, {"=x", "[x] {x}"},
     {"a==b", "[a] {=b}"},             {"a = b = c", "[a] {b = c}"},   {" ", "[]"},
     {"a = *b", "[a] {*b}"},           {" = x", "[] {x}"},             {"*.dat = b", "[*.dat] {b}"}};
 
