@@ -15,83 +15,70 @@ namespace {
 using namespace std::string_view_literals;
 using SV = std::string_view;
 using brelt::WChar, brelt::test::GuardedArray;
-constexpr unsigned kAll = 0xFFFFFFFFu;
+// In 16-bit text '?' stands for U+015C, whose low byte is a backslash and which separates nothing.
+constexpr WChar kNotBackslash = 0x015C;
 
 // `text` and its NUL in `size` elements (0: exactly those), '#' behind.
 template <class T = char>
 GuardedArray<T> In(SV text, std::size_t size = 0) {
   GuardedArray<T> a(size == 0 ? text.size() + 1 : size);
-  for (std::size_t i = 0; i < text.size(); ++i) a[i] = static_cast<unsigned char>(text[i]);
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    a[i] = sizeof(T) > 1 && text[i] == '?' ? kNotBackslash : static_cast<unsigned char>(text[i]);
+  }
   if (text.size() < a.size()) a[text.size()] = T{0};
   return a;
 }
-// The text of an array: up to its NUL, all of it when full.
+// Up to the NUL, all of it when full.
 template <class T>
 std::string Out(const GuardedArray<T>& a) {
   std::string s;
-  for (std::size_t i = 0; i < a.size() && a[i] != T{0}; ++i) s += static_cast<char>(a[i]);
+  for (std::size_t i = 0; i < a.size() && a[i] != T{0}; ++i) {
+    s += sizeof(T) > 1 && a[i] == kNotBackslash ? '?' : static_cast<char>(a[i]);
+  }
   return s;
 }
-// Several texts in one, so that a row's outputs are checked and reported together.
+// A row's outputs in one text, checked and reported together.
 std::string Join(std::initializer_list<SV> parts) {
   std::string s;
   for (SV p : parts) (s += p) += '|';
   return s;
 }
-// Every element as it stands.
-std::string Stored(const GuardedArray<char>& a) { return {a.data(), a.data() + a.size()}; }
+
+void Split(unsigned h, const char* p, unsigned dh, char* d, unsigned nh, char* n) {
+  FIOR::SplitPathA(h, p, dh, d, nh, n);
+}
+void Split(unsigned h, const WChar* p, unsigned dh, WChar* d, unsigned nh, WChar* n) {
+  FIOR::SplitPathW(h, p, dh, d, nh, n);
+}
 
 template <class T> class FiorSplitPath : public testing::Test {};
 using Twins = testing::Types<char, WChar>;
 TYPED_TEST_SUITE(FiorSplitPath, Twins);
 
-// Each row also runs with an all-ones bound, which must stop at the NUL before the guard.
+// Outputs in arrays of 16, or of the sizes given, which cut them without a NUL. A path with a
+// NUL runs once more with an all-ones bound; one without (`open`) is ended by `high`.
 TYPED_TEST(FiorSplitPath, Table) {
-  const struct { SV path, dir, name; } rows[] = {
+  const struct { SV path, dir, name; unsigned sizes[2] = {16, 16}; bool open = 0; } rows[] = {
       {"C:\\x\\y.txt", "C:\\x", "y.txt"}, {"C:\\y.txt", "C:\\", "y.txt"},
       {"C:y.txt", "C:", "y.txt"},         {"C:", "C:", ""},
       {"y.txt", "", "y.txt"},             {"a\\b\\c", "a\\b", "c"},
       {"a\\b", "a\\b", ""},               {"\\x", "\\x", ""},
       {"\\x\\y", "\\x\\", "y"},           {"\\\\srv\\sh\\d\\f", "\\\\srv\\sh\\d", "f"},
       {"\\\\srv\\sh\\f", "\\\\srv\\sh\\", "f"}, {"\\\\srv\\sh", "\\\\srv\\sh", ""},
-      {"C:\\", "C:\\", ""},               {"", "", ""}};
+      {"C:\\", "C:\\", ""},               {"ab?c", "", "ab?c"},
+      {"C:\\x\\y.txt", "C:\\", "y.t", {3, 3}}, {"C:\\x\\", "C:\\x", "", {5, 2}, 1},
+      {"\\\\srv\\sh", "\\\\srv\\sh", "", {9, 2}, 1}};
   for (const auto& r : rows) {
-    for (const bool ones : {false, true}) {
-      auto path = In<TypeParam>(r.path);
-      GuardedArray<TypeParam> dir(16), name(16);
-      if constexpr (sizeof(TypeParam) == 1) {
-        FIOR::SplitPathA(ones ? kAll : path.high(), path.data(), 15, dir.data(), 15, name.data());
-      } else {
-        FIOR::SplitPathW(ones ? kAll : path.high(), path.data(), 15, dir.data(), 15, name.data());
-      }
+    for (const unsigned ones : {0u, r.open ? 0u : 0xFFFFFFFFu}) {
+      auto path = In<TypeParam>(r.path, r.open ? r.path.size() : 0);
+      GuardedArray<TypeParam> dir(r.sizes[0]), name(r.sizes[1]);
+      Split(ones | path.high(), path.data(), dir.high(), dir.data(), name.high(), name.data());
       EXPECT_EQ(Join({Out(dir), Out(name)}), Join({r.dir, r.name})) << r.path;
     }
   }
 }
 
-// A 16-bit character whose low byte is a backslash does not separate.
-TEST(FiorSplitPath, WideCharacterIsNoBackslash) {
-  auto path = In<WChar>("a?b\\c");
-  GuardedArray<WChar> dir(4), name(2);
-  path[1] = 0x015C;
-  FIOR::SplitPathW(path.high(), path.data(), 3, dir.data(), 1, name.data());
-  EXPECT_TRUE(dir[1] == 0x015C && dir[3] == 0 && name[0] == u'c' && name[1] == 0);
-}
-
-// Outputs that fill their arrays keep no NUL; `high` ends a path that has none.
-TEST(FiorSplitPath, Bounds) {
-  const struct { SV stored; unsigned dirSize, nameSize; SV dir, name; } rows[] = {
-      {"C:\\x\\y.txt\0"sv, 3, 3, "C:\\", "y.t"}, {"C:\\x\\y.txt\0"sv, 4, 6, "C:\\x", "y.txt\0"sv},
-      {"C:\\x\\", 5, 2, "C:\\x\0"sv, "\0#"sv},   {"\\\\srv\\sh", 9, 2, "\\\\srv\\sh\0"sv, "\0#"sv}};
-  for (const auto& r : rows) {
-    GuardedArray<char> path(r.stored), dir(r.dirSize), name(r.nameSize);
-    FIOR::SplitPathA(path.high(), path.data(), dir.high(), dir.data(), name.high(), name.data());
-    EXPECT_EQ(Stored(dir), r.dir) << r.stored;
-    EXPECT_EQ(Stored(name), r.name) << r.stored;
-  }
-}
-
-// Arrays of 8 for every part but where `sizes` says less, to cut the parts.
+// Parts in arrays of 8, or of the sizes given, which cut them.
 TEST(FiorPathParts, SplitAll) {
   const struct { SV path, drive, dir, name, ext; unsigned sizes[4] = {8, 8, 8, 8}; } rows[] = {
       {"C:\\x\\y.txt", "C:", "\\x\\", "y", ".txt"}, {"C:\\x\\y", "C:", "\\x\\", "y", ""},
@@ -99,7 +86,6 @@ TEST(FiorPathParts, SplitAll) {
       {"..\\f", "", "..\\", "f", ""},               {"a..b", "", "", "a.", ".b"},
       {"a.", "", "", "a", "."},                     {".hidden", "", "", "", ".hidden"},
       {"a/b.c", "", "a/", "b", ".c"},               {"AB:\\q", "AB:", "\\", "q", ""},
-      {"", "", "", "", ""},
       {"C:\\x\\y.txt", "C", ":\\x\\", "y", ".t", {1, 8, 8, 2}},
       {"ab\\cd.txt", "", "ab", "c", ".txt", {1, 2, 1, 4}}};
   for (const auto& r : rows) {
@@ -112,12 +98,11 @@ TEST(FiorPathParts, SplitAll) {
   }
 }
 
-// A result longer than dst is cut at dsthigh, the separator and the dot too.
+// The last row's dot would fall behind dsthigh.
 TEST(FiorPathParts, MakeAll) {
   const struct { SV drive, dir, name, ext, path; unsigned size = 16; } rows[] = {
       {"C:", "\\x", "y", "txt", "C:\\x\\y.txt"}, {"C:", "\\x\\", "y", ".txt", "C:\\x\\y.txt"},
-      {"C:", "x/", "y", "txt", "C:x/y.txt"},      {"", "x", "", "", "x\\"},
-      {"C:", "\\x", "y", "txt", "C:\\x\\y", 6},    {"C:", "\\x", "", "txt", "C:\\x\\", 5}};
+      {"C:", "x/", "y", "txt", "C:x/y.txt"},      {"C:", "\\x", "y", "txt", "C:\\x\\y", 6}};
   for (const auto& r : rows) {
     auto drive = In(r.drive), dir = In(r.dir), name = In(r.name), ext = In(r.ext);
     GuardedArray<char> dst(r.size);
@@ -129,6 +114,8 @@ TEST(FiorPathParts, MakeAll) {
 
 void Add(unsigned high, char* s) { FIOR::AddExtensionA(high, s, 3, "ext"); }
 void Change(unsigned high, char* s) { FIOR::ChangeExtensionA(high, s, 3, "ext"); }
+void Remove(unsigned high, char* s) { FIOR::RemoveExtensionA(high, s); }
+void Mask(unsigned high, char* s) { FIOR::WildcardTailA(high, s); }
 
 TEST(FiorExtension, Table) {
   const struct { SV name, add, change, get, remove; } rows[] = {
@@ -138,58 +125,44 @@ TEST(FiorExtension, Table) {
       {"d.e\\", "d.e\\.ext", "d.e.ext", "", "d.e\\"}, {"d\\", "d\\.ext", "d.ext", "", "d\\"},
       {"a.", "a.", "a.ext", "", "a"},            {"..", "..", "..", "", "."},
       {"C:", "C:.ext", "C:", "", "C:"},          {"C:\\", "C:\\.ext", "C:\\", "", "C:\\"},
-      {"", ".ext", "", "", ""},                  {"x\\.", "x\\.", "x\\.", "", "x\\"},
-      {".\\", ".\\.ext", ".\\", "", ".\\"},         {":", ":.ext", ":", "", ":"}};
+      {"", ".ext", "", "", ""},                  {"x\\.", "x\\.", "x\\.", "", "x\\"}};
   for (const auto& r : rows) {
     auto add = In(r.name, 16), change = In(r.name, 16), remove = In(r.name, 16), name = In(r.name);
     GuardedArray<char> ext(8);
     Add(add.high(), add.data());
     Change(change.high(), change.data());
-    FIOR::RemoveExtensionA(remove.high(), remove.data());
+    Remove(remove.high(), remove.data());
     FIOR::GetExtensionA(name.high(), name.data(), ext.high(), ext.data());
     EXPECT_EQ(Join({Out(add), Out(change), Out(ext), Out(remove)}),
               Join({r.add, r.change, r.get, r.remove})) << r.name;
   }
 }
 
-void Remove(unsigned high, char* s) { FIOR::RemoveExtensionA(high, s); }
-// Arrays as stored, before and after: results that fill the array, and names ended by `high`.
-TEST(FiorExtension, Bounds) {
-  const struct { void (*op)(unsigned, char*); SV before, after; unsigned high = 0; } rows[] = {
-      {Add, "a\0##"sv, "a.ex"},           {Change, "a.b\0"sv, "a.ex"},
-      {Change, "ab.", "ab."},             {Change, "a\\\0#"sv, "a.ex"},
-      {Add, "a.b\\c", "a.b\\c"},         {Remove, "a.b\\c", "a\0b\\c"sv, 2},
-      {Remove, "a.b\\c.d", "a.b\\c\0d"sv},
-      {FIOR::WildcardTailA, "ab", "*\0"sv}, {FIOR::WildcardTailA, "dir\\", "dir\\"},
-      {FIOR::WildcardTailA, "d\\x", "d\\*"}, {FIOR::WildcardTailA, "abc.txt", "*.txt\0t"sv}};
-  for (const auto& r : rows) {
-    GuardedArray<char> s(r.before);
-    r.op(r.high ? r.high : s.high(), s.data());
-    EXPECT_EQ(Stored(s), r.after) << r.before;
-  }
-}
-
 TEST(FiorExtension, IsExtension) {
-  const struct { SV name; unsigned high; SV ext; unsigned char is; } rows[] = {
-      {"a.b.TXT", 0, "txt", 1}, {"a.txt", 0, "t?t", 1}, {"dir.txt\\file", 0, "txt", 0},
-      {"a.txt.x", 4, "txt", 1}, {"a.txt", 0, "tx", 0}};
+  const struct { SV name, ext; unsigned char is; unsigned high = 0; } rows[] = {
+      {"a.b.TXT", "txt", 1}, {"a.txt", "t?t", 1}, {"dir.txt\\file", "txt", 0},
+      {"a.txt.x", "txt", 1, 4}};
   for (const auto& r : rows) {
     auto name = In(r.name), ext = In(r.ext);
-    EXPECT_EQ(FIOR::IsExtensionA(r.high ? r.high : name.high(), name.data(), ext.high(),
-                                 ext.data()), r.is) << r.name << " " << r.ext;
+    const unsigned high = r.high ? r.high : name.high();
+    EXPECT_EQ(FIOR::IsExtensionA(high, name.data(), ext.high(), ext.data()), r.is) << r.name;
   }
 }
 
-TEST(FiorExtension, WildcardTail) {
-  const struct { SV name, mask; } rows[] = {
-      {"abc", "*"},           {"abc.txt", "*.txt"},    {"a.b.c", "*.c"},
-      {"dir\\abc.txt", "dir\\*.txt"}, {"dir\\abc", "dir\\*"}, {"dir\\", "dir\\*"},
-      {"C:abc.txt", "C:*.txt"}, {".txt", "*"},         {"dir\\.txt", "dir\\*"},
-      {"abc.", "*."},         {"a.b\\c", "a.b\\*"},    {"", ""}};
+// Search masks, and names in arrays that they fill (no NUL) or that `high` ends.
+TEST(FiorExtension, InPlace) {
+  const struct { void (*op)(unsigned, char*); SV name, want; unsigned size = 16, high = 0; }
+      rows[] = {
+      {Mask, "abc", "*"},             {Mask, "abc.txt", "*.txt"},     {Mask, "a.b.c", "*.c"},
+      {Mask, "dir\\abc.txt", "dir\\*.txt"}, {Mask, "dir\\abc", "dir\\*"}, {Mask, "dir\\", "dir\\*"},
+      {Mask, "C:abc.txt", "C:*.txt"}, {Mask, ".txt", "*"},            {Mask, "dir\\.txt", "dir\\*"},
+      {Mask, "abc.", "*."},           {Mask, "a.b\\c", "a.b\\*"},     {Mask, "dir\\", "dir\\", 4},
+      {Mask, "d\\x", "d\\*", 3},      {Add, "a", "a.ex", 4},          {Change, "a.b", "a.ex", 4},
+      {Change, "ab.", "ab.", 3},      {Remove, "a.b\\c", "a", 5, 2}};
   for (const auto& r : rows) {
-    auto name = In(r.name, 16);
-    FIOR::WildcardTailA(name.high(), name.data());
-    EXPECT_EQ(Out(name), r.mask) << r.name;
+    auto name = In(r.name, r.size);
+    r.op(r.high ? r.high : name.high(), name.data());
+    EXPECT_EQ(Out(name), r.want) << r.name << " in " << r.size;
   }
 }
 
