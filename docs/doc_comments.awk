@@ -1,6 +1,9 @@
 # Doxygen input filter: reads the public headers' plain comments as the reference text, so
 # that the headers keep one comment style. What it takes as documentation:
-# - the comment above `#pragma once` describes the header's namespace;
+# - the comment above `#pragma once` describes the namespace in the namespace's main header
+#   (fio.h for FIO, config.h for brelt); in another header it heads a section of the
+#   namespace's page over the header's declarations, or, where the header has sections of
+#   its own, the header's page;
 # - a comment right above a declaration (no blank line between) describes it and every
 #   declaration that follows at the same indentation up to the next blank line or comment;
 # - a comment that opens with "--- Title." starts a section of the namespace's (or class's)
@@ -58,7 +61,7 @@ function open_section(attached,    first, title, rest, i, text) {
 }
 
 # The header's comment as a section: its first sentence is the title, the rest describes it.
-function open_file_section(    text, i, title, rest) {
+function open_file_section(    text, i, title, rest, n, rest_lines) {
   text = ""
   for (i = 1; i <= nfile; i++) text = text (i > 1 ? "\n" : "") file_doc[i]
   if (match(text, /\.( |\n|$)/)) {
