@@ -9,13 +9,7 @@ set(work ${BUILD_DIR}/debian-packages)
 file(REMOVE_RECURSE ${work})
 file(MAKE_DIRECTORY ${work})
 
-function(run)
-  execute_process(COMMAND ${ARGN} RESULT_VARIABLE rc)
-  if(NOT rc EQUAL 0)
-    list(JOIN ARGN " " cmd)
-    message(FATAL_ERROR "failed (${rc}): ${cmd}")
-  endif()
-endfunction()
+include(${CMAKE_CURRENT_LIST_DIR}/TestSupport.cmake)
 
 # Output of a command, which must succeed.
 function(read out)

@@ -7,13 +7,7 @@ cmake_minimum_required(VERSION 3.25)
 set(work ${BUILD_DIR}/pkg-config-package)
 file(REMOVE_RECURSE ${work})
 
-function(run)
-  execute_process(COMMAND ${ARGN} RESULT_VARIABLE rc)
-  if(NOT rc EQUAL 0)
-    list(JOIN ARGN " " cmd)
-    message(FATAL_ERROR "failed (${rc}): ${cmd}")
-  endif()
-endfunction()
+include(${CMAKE_CURRENT_LIST_DIR}/TestSupport.cmake)
 
 run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${work}/prefix)
 

@@ -9,13 +9,7 @@ set(work ${BUILD_DIR}/windows-zip)
 file(REMOVE_RECURSE ${work})
 file(MAKE_DIRECTORY ${work}/unpacked)
 
-function(run)
-  execute_process(COMMAND ${ARGN} RESULT_VARIABLE rc)
-  if(NOT rc EQUAL 0)
-    list(JOIN ARGN " " cmd)
-    message(FATAL_ERROR "failed (${rc}): ${cmd}")
-  endif()
-endfunction()
+include(${CMAKE_CURRENT_LIST_DIR}/TestSupport.cmake)
 
 execute_process(COMMAND cpack --config ${BUILD_DIR}/CPackConfig.cmake -B ${work}/out
   WORKING_DIRECTORY ${BUILD_DIR} OUTPUT_VARIABLE log ERROR_VARIABLE log RESULT_VARIABLE rc)
