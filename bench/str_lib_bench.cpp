@@ -1,11 +1,16 @@
 // Str::LengthA, Str::CharPosA, Lib::ScanR and Lib::Compare beside strnlen, memchr (and
-// strchr, which like CharPosA also watches for the terminator) and memcmp.
+// strchr, which like CharPosA also watches for the terminator) and memcmp; RCharPosA beside
+// memrchr, CountA beside std::count, Lib::WordCompare beside memcmp, and the 16-bit LengthW
+// and CharPosW beside the standard library's char_traits, as the C library has no 16-bit
+// scans on Linux.
 // The text is one byte value throughout, so that every call walks the whole input.
 #include <brelt/lib.h>
 #include <brelt/str.h>
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <cstring>
+#include <string>
 #include <vector>
 
 namespace {
@@ -101,6 +106,70 @@ void Compare_memcmp(benchmark::State& state) {
   Done(state);
 }
 
+// One call of `scan` over a text of the size argument: bytes, or 16-bit units for `Unit`.
+template <class Unit, class Scan>
+void Walk(benchmark::State& state, Scan scan) {
+  const std::vector<Unit> s(static_cast<std::size_t>(state.range(0)), Unit('x'));
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(s.data());
+    benchmark::DoNotOptimize(scan(s.data(), s.size()));
+  }
+  state.SetBytesProcessed(static_cast<int64_t>(state.iterations()) * state.range(0) *
+                          static_cast<int64_t>(sizeof(Unit)));
+}
+
+using Traits16 = std::char_traits<char16_t>;
+using Wide = brelt::WChar;
+
+void RCharPosA_brelt(benchmark::State& state) {
+  Walk<char>(state, [](const char* p, std::size_t n) {
+    return Str::RCharPosA(static_cast<unsigned>(n - 1), p, 'y');
+  });
+}
+void RCharPosA_memrchr(benchmark::State& state) {
+  Walk<char>(state, [](const char* p, std::size_t n) { return memrchr(p, 'y', n); });
+}
+void CountA_brelt(benchmark::State& state) {
+  Walk<char>(state, [](const char* p, std::size_t n) {
+    return Str::CountA(static_cast<unsigned>(n - 1), p, 'x');
+  });
+}
+void CountA_std_count(benchmark::State& state) {
+  Walk<char>(state, [](const char* p, std::size_t n) { return std::count(p, p + n, 'x'); });
+}
+void WordCompare_brelt(benchmark::State& state) {
+  const std::vector<char16_t> other(static_cast<std::size_t>(state.range(0)), u'x');
+  Walk<char16_t>(state, [&](const char16_t* p, std::size_t n) {
+    return Lib::WordCompare(p, other.data(), n);
+  });
+}
+void WordCompare_memcmp(benchmark::State& state) {
+  const std::vector<char16_t> other(static_cast<std::size_t>(state.range(0)), u'x');
+  Walk<char16_t>(state, [&](const char16_t* p, std::size_t n) {
+    return std::memcmp(p, other.data(), n * 2);
+  });
+}
+void LengthW_brelt(benchmark::State& state) {
+  Walk<Wide>(state, [](const Wide* p, std::size_t n) {
+    return Str::LengthW(static_cast<unsigned>(n - 1), p);
+  });
+}
+void LengthW_char_traits(benchmark::State& state) {
+  Walk<char16_t>(state, [](const char16_t* p, std::size_t n) {
+    return Traits16::find(p, n, u'\0');
+  });
+}
+void CharPosW_brelt(benchmark::State& state) {
+  Walk<Wide>(state, [](const Wide* p, std::size_t n) {
+    return Str::CharPosW(static_cast<unsigned>(n - 1), p, Wide('y'));
+  });
+}
+void CharPosW_char_traits(benchmark::State& state) {
+  Walk<char16_t>(state, [](const char16_t* p, std::size_t n) {
+    return Traits16::find(p, n, u'y');
+  });
+}
+
 BENCHMARK(LengthA_brelt)->Name("LengthA/brelt")->Apply(Sizes);
 BENCHMARK(LengthA_strnlen)->Name("LengthA/strnlen")->Apply(Sizes);
 BENCHMARK(CharPosA_brelt)->Name("CharPosA/brelt")->Apply(Sizes);
@@ -110,5 +179,15 @@ BENCHMARK(ScanR_brelt)->Name("ScanR/brelt")->Apply(Sizes);
 BENCHMARK(ScanR_memchr)->Name("ScanR/memchr")->Apply(Sizes);
 BENCHMARK(Compare_brelt)->Name("Compare/brelt")->Apply(Sizes);
 BENCHMARK(Compare_memcmp)->Name("Compare/memcmp")->Apply(Sizes);
+BENCHMARK(RCharPosA_brelt)->Name("RCharPosA/brelt")->Apply(Sizes);
+BENCHMARK(RCharPosA_memrchr)->Name("RCharPosA/memrchr")->Apply(Sizes);
+BENCHMARK(CountA_brelt)->Name("CountA/brelt")->Apply(Sizes);
+BENCHMARK(CountA_std_count)->Name("CountA/std_count")->Apply(Sizes);
+BENCHMARK(WordCompare_brelt)->Name("WordCompare/brelt")->Apply(Sizes);
+BENCHMARK(WordCompare_memcmp)->Name("WordCompare/memcmp")->Apply(Sizes);
+BENCHMARK(LengthW_brelt)->Name("LengthW/brelt")->Apply(Sizes);
+BENCHMARK(LengthW_char_traits)->Name("LengthW/char_traits")->Apply(Sizes);
+BENCHMARK(CharPosW_brelt)->Name("CharPosW/brelt")->Apply(Sizes);
+BENCHMARK(CharPosW_char_traits)->Name("CharPosW/char_traits")->Apply(Sizes);
 
 }  // namespace
