@@ -3,6 +3,7 @@
 #include "brelt/fior.h"
 #include "brelt/str/core.h"
 #include "brelt/str/edit.h"
+#include "str/str_twin.h"
 
 namespace {
 
@@ -11,32 +12,13 @@ using brelt::WChar;
 
 constexpr unsigned int kToEnd = 0xFFFFFFFFu;
 
-template <class T>
-struct Twin;
-template <>
-struct Twin<char> {
-  static constexpr auto Copy = Str::CopyA;
-  static constexpr auto Slice = Str::SliceA;
-  static constexpr auto Length = Str::LengthA;
-  static constexpr auto NextCharPos = Str::NextCharPosA;
-  static constexpr auto RCharPos = Str::RCharPosA;
-};
-template <>
-struct Twin<WChar> {
-  static constexpr auto Copy = Str::CopyW;
-  static constexpr auto Slice = Str::SliceW;
-  static constexpr auto Length = Str::LengthW;
-  static constexpr auto NextCharPos = Str::NextCharPosW;
-  static constexpr auto RCharPos = Str::RCharPosW;
-};
-
 // The directory keeps its last backslash only where that backslash is the root: the one
 // behind "C:" or "ab", or the one behind the share of a network path. A backslash in front
 // of the root ("\x", "a\b") leaves the whole path as directory.
 template <class T>
 void SplitPath(unsigned int high, const T* path, unsigned int dirhigh, T* dir,
                unsigned int namehigh, T* name) {
-  using S = Twin<T>;
+  using S = brelt::str::StrTwin<T>;
   constexpr T kSep = T('\\');
   unsigned int root = 2;
   if (high >= 2 && path[0] == kSep && path[1] == kSep) {
