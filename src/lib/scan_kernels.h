@@ -1,9 +1,9 @@
 // Vector scans over 8-bit and 16-bit elements, shared by the Lib block operations and Str.
 //
 // Results are element counts: the index of the first element that meets the test (or, for the
-// backward walks, how many elements lie above it), or `n` when none does. Short inputs are
-// walked inline with 16-byte blocks; long ones go through a table chosen once for the CPU
-// (64-byte blocks where AVX-512 exists, 32-byte ones where AVX2 does).
+// backward walks, how many elements lie above it), or `n` when none does. The first 16 bytes
+// are looked at inline; the rest goes through a table chosen once for the CPU (64-byte blocks
+// where AVX-512 exists, 32-byte ones where AVX2 does).
 #pragma once
 
 #include <cstdint>
@@ -30,14 +30,13 @@ struct Kernels {
   std::uint64_t (*first_difference)(const std::uint8_t*, const std::uint8_t*, std::uint64_t);
 };
 
-// The table for this CPU; the 16-byte one until load-time selection has run.
-const Kernels& Active();
+// The table for this CPU; the 16-byte one until load-time selection has run. A plain variable
+// rather than a call, so that the entries below reach their kernel with two loads.
+extern const Kernels* activeKernels;
+inline const Kernels& Active() { return *activeKernels; }
 // Makes `k` the active table, so that tests can walk the library's text operations at every
 // width the CPU offers.
 void UseKernels(const Kernels& k);
-
-// Below this many bytes the call through the table costs more than the wider blocks gain.
-inline constexpr std::uint64_t kInlineBytes = 128;
 
 template <class T>
 concept Unit = sizeof(T) == 1 || sizeof(T) == 2;
@@ -54,61 +53,129 @@ inline Raw<T> AsRaw(T v) {
   return static_cast<Raw<T>>(v);
 }
 
+// Most texts are short, so every entry first looks at the 16 bytes at p with one unaligned
+// load, inline and without the table: that answers whenever the area ends or the test hits
+// within them. The load is taken only where it stays on the page of p and the elements sit
+// in whole lanes, and never for an empty area, which may stand at an unreadable page; elsewhere
+// the table's walk does it all.
+inline constexpr unsigned kFrontBytes = 16;
+
 template <Unit T>
-inline std::uint64_t FindEq(const T* p, std::uint64_t n, T v) {
-  if (n * sizeof(T) < kInlineBytes) return KernelSet<Sse2>::FindEq(AsRaw(p), n, AsRaw(v));
-  if constexpr (sizeof(T) == 1) return Active().find_eq8(AsRaw(p), n, AsRaw(v));
-  else return Active().find_eq16(AsRaw(p), n, AsRaw(v));
+inline bool FrontLoadable(const T* p) {
+  return PageRoom(p) >= kFrontBytes && reinterpret_cast<std::uintptr_t>(p) % sizeof(T) == 0;
+}
+
+// Bits of the 16 front bytes whose lanes meet the test.
+template <Unit T, class Test>
+[[gnu::always_inline]] inline Bits FrontHits(const T* p, const Test& test) {
+  return LaneHits<Sse2, Raw<T>, Test>(test.Key(Sse2::Load(p)));
+}
+
+// Forward: the first element in p[0..n) that the test hits, or n; `rest` walks an area that
+// lies wholly beyond the front.
+template <Unit T, class Test, class Rest>
+[[gnu::always_inline]] inline std::uint64_t ForwardFront(const T* p, std::uint64_t n,
+                                                         const Test& test, Rest rest) {
+  constexpr std::uint64_t per = kFrontBytes / sizeof(T);
+  if (n == 0 || !FrontLoadable(p)) return rest(p, n);
+  Bits m = FrontHits(p, test);
+  // A hit just past the area's end stands for "none".
+  if (n <= per) m |= Bits{1} << (n * sizeof(T));
+  if (m) return static_cast<unsigned>(__builtin_ctzll(m)) / sizeof(T);
+  return per + rest(p + per, n - per);
+}
+
+// Backward from `last`: how many elements are passed before the first hit, or n.
+template <Unit T, class Test, class Rest>
+[[gnu::always_inline]] inline std::uint64_t BackwardFront(const T* last, std::uint64_t n,
+                                                          const Test& test, Rest rest) {
+  constexpr std::uint64_t per = kFrontBytes / sizeof(T);
+  // The 16 bytes that end with `last`; on the page of `last` whenever they are on one page.
+  const T* low = last + 1 - per;
+  if (n == 0 || !FrontLoadable(low)) return rest(last, n);
+  Bits m = FrontHits(low, test);
+  // Bit 15 is the top byte of `last`; below the area a hit stands for "none".
+  if (n < per) m |= Bits{1} << (kFrontBytes - 1 - n * sizeof(T));
+  if (m) return (kFrontBytes - 1 - (63u - static_cast<unsigned>(__builtin_clzll(m)))) / sizeof(T);
+  return per + rest(last - per, n - per);
 }
 
 template <Unit T>
-inline std::uint64_t FindNe(const T* p, std::uint64_t n, T v) {
-  if (n * sizeof(T) < kInlineBytes) return KernelSet<Sse2>::FindNe(AsRaw(p), n, AsRaw(v));
-  if constexpr (sizeof(T) == 1) return Active().find_ne8(AsRaw(p), n, AsRaw(v));
-  else return Active().find_ne16(AsRaw(p), n, AsRaw(v));
+[[gnu::always_inline]] inline std::uint64_t FindEq(const T* p, std::uint64_t n, T v) {
+  const auto rest = [v](const T* q, std::uint64_t m) -> std::uint64_t {
+    if constexpr (sizeof(T) == 1) return Active().find_eq8(AsRaw(q), m, AsRaw(v));
+    else return Active().find_eq16(AsRaw(q), m, AsRaw(v));
+  };
+  if (v == T{0}) return ForwardFront(p, n, IsZero<Sse2, Raw<T>>(), rest);
+  return ForwardFront(p, n, IsValue<Sse2, Raw<T>>(AsRaw(v)), rest);
 }
 
 template <Unit T>
-inline std::uint64_t FindEither(const T* p, std::uint64_t n, T a, T b) {
-  if (n * sizeof(T) < kInlineBytes) {
-    return KernelSet<Sse2>::FindEither(AsRaw(p), n, AsRaw(a), AsRaw(b));
-  }
-  if constexpr (sizeof(T) == 1) return Active().find_either8(AsRaw(p), n, AsRaw(a), AsRaw(b));
-  else return Active().find_either16(AsRaw(p), n, AsRaw(a), AsRaw(b));
+[[gnu::always_inline]] inline std::uint64_t FindNe(const T* p, std::uint64_t n, T v) {
+  const auto rest = [v](const T* q, std::uint64_t m) -> std::uint64_t {
+    if constexpr (sizeof(T) == 1) return Active().find_ne8(AsRaw(q), m, AsRaw(v));
+    else return Active().find_ne16(AsRaw(q), m, AsRaw(v));
+  };
+  return ForwardFront(p, n, IsNotValue<Sse2, Raw<T>>(AsRaw(v)), rest);
+}
+
+template <Unit T>
+[[gnu::always_inline]] inline std::uint64_t FindEither(const T* p, std::uint64_t n, T a, T b) {
+  const auto rest = [a, b](const T* q, std::uint64_t m) -> std::uint64_t {
+    if constexpr (sizeof(T) == 1) return Active().find_either8(AsRaw(q), m, AsRaw(a), AsRaw(b));
+    else return Active().find_either16(AsRaw(q), m, AsRaw(a), AsRaw(b));
+  };
+  if (a == T{0}) return ForwardFront(p, n, IsZeroOrValue<Sse2, Raw<T>>(AsRaw(b)), rest);
+  return ForwardFront(p, n, IsEither<Sse2, Raw<T>>(AsRaw(a), AsRaw(b)), rest);
 }
 
 // Backward walks start at `last`, the highest element of the area.
 template <Unit T>
-inline std::uint64_t FindEqBackward(const T* last, std::uint64_t n, T v) {
-  if (n * sizeof(T) < kInlineBytes) {
-    return KernelSet<Sse2>::FindEqBack(AsRaw(last), n, AsRaw(v));
-  }
-  if constexpr (sizeof(T) == 1) return Active().find_eq_back8(AsRaw(last), n, AsRaw(v));
-  else return Active().find_eq_back16(AsRaw(last), n, AsRaw(v));
+[[gnu::always_inline]] inline std::uint64_t FindEqBackward(const T* last, std::uint64_t n, T v) {
+  const auto rest = [v](const T* q, std::uint64_t m) -> std::uint64_t {
+    if constexpr (sizeof(T) == 1) return Active().find_eq_back8(AsRaw(q), m, AsRaw(v));
+    else return Active().find_eq_back16(AsRaw(q), m, AsRaw(v));
+  };
+  return BackwardFront(last, n, IsValue<Sse2, Raw<T>>(AsRaw(v)), rest);
 }
 
 template <Unit T>
-inline std::uint64_t FindNeBackward(const T* last, std::uint64_t n, T v) {
-  if (n * sizeof(T) < kInlineBytes) {
-    return KernelSet<Sse2>::FindNeBack(AsRaw(last), n, AsRaw(v));
-  }
-  if constexpr (sizeof(T) == 1) return Active().find_ne_back8(AsRaw(last), n, AsRaw(v));
-  else return Active().find_ne_back16(AsRaw(last), n, AsRaw(v));
+[[gnu::always_inline]] inline std::uint64_t FindNeBackward(const T* last, std::uint64_t n, T v) {
+  const auto rest = [v](const T* q, std::uint64_t m) -> std::uint64_t {
+    if constexpr (sizeof(T) == 1) return Active().find_ne_back8(AsRaw(q), m, AsRaw(v));
+    else return Active().find_ne_back16(AsRaw(q), m, AsRaw(v));
+  };
+  return BackwardFront(last, n, IsNotValue<Sse2, Raw<T>>(AsRaw(v)), rest);
 }
 
 // How many of p[0..n) equal v.
 template <Unit T>
-inline std::uint64_t CountEq(const T* p, std::uint64_t n, T v) {
-  if (n * sizeof(T) < kInlineBytes) return KernelSet<Sse2>::CountEq(AsRaw(p), n, AsRaw(v));
+[[gnu::always_inline]] inline std::uint64_t CountEq(const T* p, std::uint64_t n, T v) {
+  if (n <= kFrontBytes / sizeof(T) && n != 0 && FrontLoadable(p)) {
+    const Bits inArea = (Bits{1} << (n * sizeof(T))) - 1;
+    // Bits counted by halves, as the base instruction set has no population count.
+    Bits m = FrontHits(p, IsValue<Sse2, Raw<T>>(AsRaw(v))) & inArea;
+    m = m - ((m >> 1) & 0x5555);
+    m = (m & 0x3333) + ((m >> 2) & 0x3333);
+    m = (m + (m >> 4)) & 0x0F0F;
+    return ((m + (m >> 8)) & 0x1F) / sizeof(T);
+  }
   if constexpr (sizeof(T) == 1) return Active().count_eq8(AsRaw(p), n, AsRaw(v));
   else return Active().count_eq16(AsRaw(p), n, AsRaw(v));
 }
 
 // Index of the first byte that differs between a[0..n) and b[0..n), or n.
-inline std::uint64_t FirstDifference(const std::uint8_t* a, const std::uint8_t* b,
-                                     std::uint64_t n) {
-  if (n < kInlineBytes) return KernelSet<Sse2>::FirstDifference(a, b, n);
-  return Active().first_difference(a, b, n);
+[[gnu::always_inline]] inline std::uint64_t FirstDifference(const std::uint8_t* a,
+                                                             const std::uint8_t* b,
+                                                             std::uint64_t n) {
+  if (n == 0 || !FrontLoadable(a) || !FrontLoadable(b)) {
+    return Active().first_difference(a, b, n);
+  }
+  Bits differ = ~Sse2::Mask(Sse2::Eq(Sse2::Load(a), Sse2::Load(b), std::uint8_t{})) & Sse2::kFull;
+  if (n <= kFrontBytes) differ |= Bits{1} << n;
+  if (differ) return static_cast<unsigned>(__builtin_ctzll(differ));
+  return kFrontBytes + Active().first_difference(a + kFrontBytes, b + kFrontBytes,
+                                                 n - kFrontBytes);
 }
 
 }  // namespace brelt::scan

@@ -3,23 +3,23 @@
 #include "scan_kernels_table.h"
 
 namespace brelt::scan {
-namespace {
 
-const Kernels* active = &kSse2Kernels;
+const Kernels* activeKernels = &kSse2Kernels;
+
+namespace {
 
 [[maybe_unused]] const bool selected = [] {
   __builtin_cpu_init();
   if (__builtin_cpu_supports("avx512bw")) {
-    active = &kAvx512Kernels;
+    activeKernels = &kAvx512Kernels;
   } else if (__builtin_cpu_supports("avx2")) {
-    active = &kAvx2Kernels;
+    activeKernels = &kAvx2Kernels;
   }
   return true;
 }();
 
 }  // namespace
 
-const Kernels& Active() { return *active; }
-void UseKernels(const Kernels& k) { active = &k; }
+void UseKernels(const Kernels& k) { activeKernels = &k; }
 
 }  // namespace brelt::scan

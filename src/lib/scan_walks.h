@@ -189,11 +189,115 @@ inline const std::uint8_t* AlignDown(const void* p) {
                                                ~std::uintptr_t{W::kBytes - 1});
 }
 
-// First element in p[0..n) that the test hits, or n.
 template <class W, class T, class Test>
-BRELT_WHOLE_BLOCK_READS inline std::uint64_t Forward(const T* p, std::uint64_t n,
+[[gnu::always_inline]] inline Bits BlockHits(const std::uint8_t* at, const Test& test) {
+  return LaneHits<W, T, Test>(test.Key(W::Load(at)));
+}
+
+// The keys of the four blocks at `at` folded into one: a lane of it meets the test exactly
+// when that lane meets it in some block.
+template <class W, class T, class Test>
+[[gnu::always_inline]] inline typename W::V GroupKey(const std::uint8_t* at, const Test& test) {
+  constexpr unsigned B = W::kBytes;
+  auto k0 = test.Key(LoadOnce<W>(at));
+  auto k1 = test.Key(LoadOnce<W>(at + B));
+  auto k2 = test.Key(LoadOnce<W>(at + 2 * B));
+  auto k3 = test.Key(LoadOnce<W>(at + 3 * B));
+  return Fold<W, T, Test>(Fold<W, T, Test>(k0, k1), Fold<W, T, Test>(k2, k3));
+}
+
+// Whether the test hits anywhere in the four blocks at `at`, or (Pair) in the eight.
+template <class W, class T, class Test>
+[[gnu::always_inline]] inline bool GroupHit(const std::uint8_t* at, const Test& test) {
+  return LaneHits<W, T, Test>(GroupKey<W, T>(at, test)) != 0;
+}
+template <class W, class T, class Test>
+[[gnu::always_inline]] inline bool PairHit(const std::uint8_t* at, const Test& test) {
+  const auto folded =
+      Fold<W, T, Test>(GroupKey<W, T>(at, test), GroupKey<W, T>(at + 4 * W::kBytes, test));
+  return LaneHits<W, T, Test>(folded) != 0;
+}
+
+// Byte offset from `at` of the first hit in blocks known to hold one.
+template <class W, class T, class Test>
+inline unsigned FirstHit(const std::uint8_t* at, const Test& test) {
+  unsigned k = 0;
+  Bits m;
+  while ((m = BlockHits<W, T>(at + k, test)) == 0) k += W::kBytes;
+  return k + static_cast<unsigned>(__builtin_ctzll(m));
+}
+
+// Byte offset from `at` of the last hit in the `blocks` blocks there, known to hold one.
+template <class W, class T, class Test>
+inline unsigned LastHit(const std::uint8_t* at, unsigned blocks, const Test& test) {
+  unsigned k = (blocks - 1) * W::kBytes;
+  Bits m;
+  while ((m = BlockHits<W, T>(at + k, test)) == 0) k -= W::kBytes;
+  return k + 63u - static_cast<unsigned>(__builtin_clzll(m));
+}
+
+// An area of B to eight blocks' bytes that lies on one page is read whole in up to eight
+// blocks at k * B, each drawn back so that none passes the area's end: no lane outside the
+// area is looked at, and the test costs one branch. Offset of the first hit (or the last,
+// for AreaLast), or `size` when there is none.
+template <class W, class T, class Test>
+[[gnu::always_inline]] inline std::uint64_t AreaFirst(const std::uint8_t* at, std::uint64_t size,
+                                                      const Test& test) {
+  constexpr unsigned B = W::kBytes;
+  const unsigned blocks = size <= 4 * B ? 4 : 8;
+  auto off = [size](unsigned k) { return std::min<std::uint64_t>(k * B, size - B); };
+  auto key = [&](unsigned k) { return test.Key(LoadOnce<W>(at + off(k))); };
+  auto fold = [](auto x, auto y) { return Fold<W, T, Test>(x, y); };
+  auto folded = fold(fold(key(0), key(1)), fold(key(2), key(3)));
+  if (blocks == 8) folded = fold(folded, fold(fold(key(4), key(5)), fold(key(6), key(7))));
+  if (LaneHits<W, T, Test>(folded) == 0) return size;
+  for (unsigned k = 0;; ++k) {
+    if (const Bits m = BlockHits<W, T>(at + off(k), test)) {
+      return off(k) + static_cast<unsigned>(__builtin_ctzll(m));
+    }
+  }
+}
+
+// The same from the area's top down: `end` is one past it, the result counts bytes from end - 1
+// down to the last hit.
+template <class W, class T, class Test>
+[[gnu::always_inline]] inline std::uint64_t AreaLast(const std::uint8_t* end, std::uint64_t size,
                                                      const Test& test) {
-  if (n == 0) return 0;
+  constexpr unsigned B = W::kBytes;
+  const unsigned blocks = size <= 4 * B ? 4 : 8;
+  auto off = [size](unsigned k) { return B + std::min<std::uint64_t>(k * B, size - B); };
+  auto key = [&](unsigned k) { return test.Key(LoadOnce<W>(end - off(k))); };
+  auto fold = [](auto x, auto y) { return Fold<W, T, Test>(x, y); };
+  auto folded = fold(fold(key(0), key(1)), fold(key(2), key(3)));
+  if (blocks == 8) folded = fold(folded, fold(fold(key(4), key(5)), fold(key(6), key(7))));
+  if (LaneHits<W, T, Test>(folded) == 0) return size;
+  for (unsigned k = 0;; ++k) {
+    if (const Bits m = BlockHits<W, T>(end - off(k), test)) {
+      return off(k) - 1 - (63u - static_cast<unsigned>(__builtin_clzll(m)));
+    }
+  }
+}
+
+// The address one past an area of `bytes` from `at`, held at the top of the address space for
+// counts that no memory has.
+inline std::uintptr_t AreaEnd(const void* at, std::uint64_t bytes) {
+  const auto a = reinterpret_cast<std::uintptr_t>(at);
+  return bytes > ~a ? ~std::uintptr_t{0} : a + bytes;
+}
+
+inline std::uintptr_t PageStart(std::uintptr_t a) { return a & ~std::uintptr_t{4095}; }
+
+// First element in p[0..n) that the test hits, or n.
+//
+// The walk tests four blocks at a time, a group that never crosses a page, so that a walk that
+// ends at a NUL just before an unreadable page never touches that page. The first group is
+// read where p stands when its page has room; later ones start on block boundaries (bytes
+// read twice were clean, which does no harm), and the last few blocks before a page's end go
+// one at a time. Lanes before p are masked off; hits past the area's end count as none.
+template <class W, class T, class Test>
+BRELT_WHOLE_BLOCK_READS [[gnu::always_inline]] inline std::uint64_t Forward(const T* p,
+                                                                           std::uint64_t n,
+                                                                           const Test& test) {
   if (reinterpret_cast<std::uintptr_t>(p) % sizeof(T) != 0) {
     // Elements that straddle lanes: one at a time.
     for (std::uint64_t i = 0; i < n; ++i) {
@@ -202,48 +306,57 @@ BRELT_WHOLE_BLOCK_READS inline std::uint64_t Forward(const T* p, std::uint64_t n
     return n;
   }
   constexpr unsigned B = W::kBytes;
-  const std::uint64_t bytes = n * sizeof(T);
-  const std::uint8_t* block = AlignDown<W>(p);
-  const unsigned skip = static_cast<unsigned>(reinterpret_cast<const std::uint8_t*>(p) - block);
-  auto element = [n](std::uint64_t byte) { return std::min<std::uint64_t>(byte / sizeof(T), n); };
+  constexpr unsigned G = 4 * B;
+  const auto* base = reinterpret_cast<const std::uint8_t*>(p);
+  const std::uintptr_t start = reinterpret_cast<std::uintptr_t>(p);
+  const std::uintptr_t areaEnd = AreaEnd(p, n * sizeof(T));
+  auto element = [&](std::uintptr_t at) { return std::min<std::uint64_t>((at - start) / sizeof(T), n); };
+  auto bytes = [](std::uintptr_t at) { return reinterpret_cast<const std::uint8_t*>(at); };
+  if (n == 0) return 0;
 
-  // Bit j of a mask stands for byte `done + j` of the area once the first block is passed.
-  auto hits = [&](const std::uint8_t* at) { return LaneHits<W, T, Test>(test.Key(W::Load(at))); };
-  if (Bits m = hits(block) >> skip) {
-    return element(static_cast<unsigned>(__builtin_ctzll(m)));
+  std::uintptr_t at;  // everything below is clean
+  const std::uint64_t room = PageRoom(base);
+  const std::uint64_t size = areaEnd - start;
+  if (size >= B && size <= 2 * G && room >= size) {
+    return element(start + AreaFirst<W, T>(base, size, test));
   }
-  std::uint64_t done = B - skip;
-  block += B;
-  // The unrolled loop loads four blocks before it tests any. It starts on a four-block
-  // boundary, so its loads stay on the page of the first: a walk that ends at a NUL just
-  // before an unreadable page never touches that page.
-  for (; done < bytes && reinterpret_cast<std::uintptr_t>(block) % (4 * B) != 0;
-       done += B, block += B) {
-    if (Bits m = hits(block)) {
-      return element(done + static_cast<unsigned>(__builtin_ctzll(m)));
+  if (room >= 2 * G && size > G) {
+    // Up to eight blocks tested at once: the whole of most areas of a few hundred bytes.
+    if (PairHit<W, T>(base, test)) return element(start + FirstHit<W, T>(base, test));
+    if (size <= 2 * G) return n;
+    at = (start + 2 * G) & ~std::uintptr_t{B - 1};
+  } else if (room >= G) {
+    if (GroupHit<W, T>(base, test)) return element(start + FirstHit<W, T>(base, test));
+    if (size <= G) return n;
+    at = (start + G) & ~std::uintptr_t{B - 1};
+  } else {
+    const std::uint8_t* block = AlignDown<W>(base);
+    if (Bits m = BlockHits<W, T>(block, test) >> (base - block)) {
+      return element(start + static_cast<unsigned>(__builtin_ctzll(m)));
     }
+    at = reinterpret_cast<std::uintptr_t>(block) + B;
   }
-  for (; done < bytes && bytes - done >= 4 * B; done += 4 * B, block += 4 * B) {
-    auto k0 = test.Key(LoadOnce<W>(block));
-    auto k1 = test.Key(LoadOnce<W>(block + B));
-    auto k2 = test.Key(LoadOnce<W>(block + 2 * B));
-    auto k3 = test.Key(LoadOnce<W>(block + 3 * B));
-    auto folded = Fold<W, T, Test>(Fold<W, T, Test>(k0, k1), Fold<W, T, Test>(k2, k3));
-    if (LaneHits<W, T, Test>(folded) != 0) break;
-  }
-  for (; done < bytes; done += B, block += B) {
-    if (Bits m = hits(block)) {
-      return element(done + static_cast<unsigned>(__builtin_ctzll(m)));
+  while (at < areaEnd) {
+    const std::uintptr_t pageEnd = PageStart(at) + 4096;
+    for (const std::uintptr_t last = std::min(pageEnd - G + 1, areaEnd); at < last; at += G) {
+      if (GroupHit<W, T>(bytes(at), test)) return element(at + FirstHit<W, T>(bytes(at), test));
+    }
+    for (const std::uintptr_t last = std::min(pageEnd, areaEnd); at < last; at += B) {
+      if (Bits m = BlockHits<W, T>(bytes(at), test)) {
+        return element(at + static_cast<unsigned>(__builtin_ctzll(m)));
+      }
     }
   }
   return n;
 }
 
 // Walking down from `last` over n elements: how many are passed before the first hit, or n.
+// The mirror of Forward: the first group ends where the area does when its page has room,
+// later ones end on block boundaries.
 template <class W, class T, class Test>
-BRELT_WHOLE_BLOCK_READS inline std::uint64_t Backward(const T* last, std::uint64_t n,
-                                                      const Test& test) {
-  if (n == 0) return 0;
+BRELT_WHOLE_BLOCK_READS [[gnu::always_inline]] inline std::uint64_t Backward(const T* last,
+                                                                            std::uint64_t n,
+                                                                            const Test& test) {
   if (reinterpret_cast<std::uintptr_t>(last) % sizeof(T) != 0) {
     for (std::uint64_t i = 0; i < n; ++i) {
       if (test.Hit(ElementAt(last, -static_cast<std::int64_t>(i)))) return i;
@@ -251,37 +364,83 @@ BRELT_WHOLE_BLOCK_READS inline std::uint64_t Backward(const T* last, std::uint64
     return n;
   }
   constexpr unsigned B = W::kBytes;
-  const std::uint64_t bytes = n * sizeof(T);
-  // `end` is one byte past the area; a hit at byte address `at` has (end - 1 - at) / size
-  // elements above it.
-  const std::uint8_t* end = reinterpret_cast<const std::uint8_t*>(last + 1);
-  const std::uint8_t* block = AlignDown<W>(end - 1);
-  auto passed = [&](const std::uint8_t* at) {
-    return std::min<std::uint64_t>(static_cast<std::uint64_t>(end - 1 - at) / sizeof(T), n);
-  };
+  constexpr unsigned G = 4 * B;
+  // `end` is one byte past the area; a hit at byte `end - 1 - k` has k / size elements above.
+  const std::uintptr_t end = reinterpret_cast<std::uintptr_t>(last + 1);
+  const std::uint64_t size = n * sizeof(T);
+  const std::uintptr_t areaLow = size > end ? 0 : end - size;
+  auto passed = [&](std::uintptr_t at) { return std::min<std::uint64_t>((end - 1 - at) / sizeof(T), n); };
+  auto bytes = [](std::uintptr_t at) { return reinterpret_cast<const std::uint8_t*>(at); };
   auto top = [](Bits m) { return 63u - static_cast<unsigned>(__builtin_clzll(m)); };
+  if (n == 0) return 0;
 
-  auto hits = [&](const std::uint8_t* at) { return LaneHits<W, T, Test>(test.Key(W::Load(at))); };
-  Bits m = hits(block);
-  const unsigned valid = static_cast<unsigned>(end - block);  // 1..B bytes of the block
-  if (valid < 64) m &= (Bits{1} << valid) - 1;
-  if (m) return passed(block + top(m));
-  std::uint64_t done = valid;
-  for (block -= B; done < bytes; done += B, block -= B) {
-    if (Bits mm = hits(block)) return passed(block + top(mm));
+  std::uintptr_t at;  // everything from here up to end is clean
+  const std::uint64_t room = end - PageStart(end - 1);
+  const std::uint64_t span = end - areaLow;
+  if (span >= B && span <= 2 * G && room >= span) {
+    return passed(end - 1 - AreaLast<W, T>(bytes(end), span, test));
+  }
+  if (room >= 2 * G && span > G) {
+    const std::uintptr_t low = end - 2 * G;
+    if (PairHit<W, T>(bytes(low), test)) return passed(low + LastHit<W, T>(bytes(low), 8, test));
+    if (span <= 2 * G) return n;
+    at = (low + B - 1) & ~std::uintptr_t{B - 1};
+  } else if (room >= G) {
+    if (GroupHit<W, T>(bytes(end - G), test)) {
+      return passed(end - G + LastHit<W, T>(bytes(end - G), 4, test));
+    }
+    if (span <= G) return n;
+    at = (end - G + B - 1) & ~std::uintptr_t{B - 1};
+  } else {
+    const std::uintptr_t block = (end - 1) & ~std::uintptr_t{B - 1};
+    const unsigned valid = static_cast<unsigned>(end - block);  // 1..B bytes of the block
+    Bits m = BlockHits<W, T>(bytes(block), test);
+    if (valid < 64) m &= (Bits{1} << valid) - 1;
+    if (m) return passed(block + top(m));
+    at = block;
+  }
+  while (at > areaLow) {
+    const std::uintptr_t pageStart = PageStart(at - 1);
+    for (const std::uintptr_t low = std::max(pageStart + G - 1, areaLow); at > low; at -= G) {
+      if (GroupHit<W, T>(bytes(at - G), test)) {
+        return passed(at - G + LastHit<W, T>(bytes(at - G), 4, test));
+      }
+    }
+    for (const std::uintptr_t low = std::max(pageStart, areaLow); at > low; at -= B) {
+      if (Bits m = BlockHits<W, T>(bytes(at - B), test)) return passed(at - B + top(m));
+    }
   }
   return n;
 }
 
-// How many of p[0..n) equal v; reads only the area.
+// How many of p[0..n) equal v; reads only the area, and the page of its end.
 template <class W, class T>
 inline std::uint64_t Count(const T* p, std::uint64_t n, T v) {
   constexpr std::uint64_t per = W::kBytes / sizeof(T);
   const auto want = W::Splat(v);
+  auto hits = [&](const T* at) { return W::Mask(W::Eq(W::Load(at), want, T{})); };
   std::uint64_t lanes = 0;
   std::uint64_t i = 0;
+  for (; n - i >= 4 * per; i += 4 * per) {
+    lanes += static_cast<unsigned>(__builtin_popcountll(hits(p + i))) +
+             static_cast<unsigned>(__builtin_popcountll(hits(p + i + per))) +
+             static_cast<unsigned>(__builtin_popcountll(hits(p + i + 2 * per))) +
+             static_cast<unsigned>(__builtin_popcountll(hits(p + i + 3 * per)));
+  }
   for (; n - i >= per; i += per) {
-    lanes += static_cast<unsigned>(__builtin_popcountll(W::Mask(W::Eq(W::Load(p + i), want, T{}))));
+    lanes += static_cast<unsigned>(__builtin_popcountll(hits(p + i)));
+  }
+  if (i < n && reinterpret_cast<std::uintptr_t>(p) % sizeof(T) == 0) {
+    const unsigned rest = static_cast<unsigned>((n - i) * sizeof(T));
+    if (n >= per) {
+      // The block that ends with the area; its lanes below i were counted already.
+      lanes += static_cast<unsigned>(__builtin_popcountll(hits(p + n - per) >> (W::kBytes - rest)));
+      i = n;
+    } else if (PageRoom(p + i) >= W::kBytes) {
+      lanes += static_cast<unsigned>(
+          __builtin_popcountll(hits(p + i) & ((Bits{1} << rest) - 1)));
+      i = n;
+    }
   }
   std::uint64_t count = lanes / sizeof(T);
   for (; i < n; ++i) count += (ElementAt(p, i) == v);
@@ -289,42 +448,56 @@ inline std::uint64_t Count(const T* p, std::uint64_t n, T v) {
 }
 
 // Index of the first byte that differs between a[0..n) and b[0..n), or n. Only the bytes up to
-// the first difference need be readable, and the areas need not share an alignment: blocks
-// are read whole only where, on both sides, they end before the next page boundary, so no
-// read reaches a page beyond the one that holds the difference. At a boundary one block that
-// ends on it, overlapping bytes already found equal, takes the rest of the page.
+// the first difference need be readable, and the areas need not share an alignment: groups of
+// four blocks, then single blocks, are read where both sides have room before a page boundary,
+// and bytes past n count as equal. Short of a block's room, the block that ends on the
+// boundary, overlapping bytes already found equal, takes the rest of the page.
 template <class W>
 inline std::uint64_t Mismatch(const std::uint8_t* a, const std::uint8_t* b, std::uint64_t n) {
   constexpr unsigned B = W::kBytes;
   constexpr Bits kAll = W::kFull;
-  auto same = [&](std::uint64_t at) {
-    return W::Mask(W::Eq(W::Load(a + at), W::Load(b + at), std::uint8_t{}));
+  auto differ = [&](std::uint64_t at) {
+    return ~W::Mask(W::Eq(W::Load(a + at), W::Load(b + at), std::uint8_t{})) & kAll;
   };
+  auto found = [n](std::uint64_t at, Bits d) {
+    return std::min<std::uint64_t>(at + static_cast<unsigned>(__builtin_ctzll(d)), n);
+  };
+  if (n >= B && n <= 8 * B && std::min(PageRoom(a), PageRoom(b)) >= n) {
+    // Read whole, as in AreaFirst: blocks at k * B drawn back to end with the areas.
+    auto off = [n](unsigned k) { return std::min<std::uint64_t>(k * B, n - B); };
+    auto eq = [&](unsigned k) {
+      return W::Eq(LoadOnce<W>(a + off(k)), LoadOnce<W>(b + off(k)), std::uint8_t{});
+    };
+    auto all = W::And(W::And(eq(0), eq(1)), W::And(eq(2), eq(3)));
+    if (n > 4 * B) all = W::And(all, W::And(W::And(eq(4), eq(5)), W::And(eq(6), eq(7))));
+    if (W::Mask(all) == kAll) return n;
+    for (unsigned k = 0;; ++k) {
+      if (const Bits d = differ(off(k))) return off(k) + static_cast<unsigned>(__builtin_ctzll(d));
+    }
+  }
   std::uint64_t i = 0;
   while (i < n) {
-    const std::uint64_t end = std::min(n, i + std::min(PageRoom(a + i), PageRoom(b + i)));
-    for (; end - i >= 4 * B; i += 4 * B) {
+    const std::uint64_t stop = i + std::min(PageRoom(a + i), PageRoom(b + i));
+    for (; stop - i >= 4 * B && i < n; i += 4 * B) {
       auto e0 = W::Eq(W::Load(a + i), W::Load(b + i), std::uint8_t{});
       auto e1 = W::Eq(W::Load(a + i + B), W::Load(b + i + B), std::uint8_t{});
       auto e2 = W::Eq(W::Load(a + i + 2 * B), W::Load(b + i + 2 * B), std::uint8_t{});
       auto e3 = W::Eq(W::Load(a + i + 3 * B), W::Load(b + i + 3 * B), std::uint8_t{});
       if (W::Mask(W::And(W::And(e0, e1), W::And(e2, e3))) != kAll) break;
     }
-    for (; end - i >= B; i += B) {
-      const Bits s = same(i);
-      if (s != kAll) return i + static_cast<unsigned>(__builtin_ctzll(~s));
+    for (; stop - i >= B && i < n; i += B) {
+      if (const Bits d = differ(i)) return found(i, d);
     }
-    if (i == end) continue;
-    if (end >= B) {
-      // Lane j stands for byte end - B + j; those below i were compared before.
-      const Bits differ = (~same(end - B) & kAll) >> (B - (end - i));
-      if (differ) return i + static_cast<unsigned>(__builtin_ctzll(differ));
+    if (i >= n || i == stop) continue;
+    if (stop >= B) {
+      // Lane j stands for byte stop - B + j; those below i were compared before.
+      if (const Bits d = differ(stop - B) >> (B - (stop - i))) return found(i, d);
     } else {
-      for (; i < end; ++i) {
-        if (a[i] != b[i]) return i;
+      for (; i < stop; ++i) {
+        if (a[i] != b[i]) return std::min(i, n);
       }
     }
-    i = end;
+    i = stop;
   }
   return n;
 }
