@@ -71,8 +71,9 @@ template <Unit T, class Test>
   return LaneHits<Sse2, Raw<T>, Test>(test.Key(Sse2::Load(p)));
 }
 
-// Forward: the first element in p[0..n) that the test hits, or n; `rest` walks an area that
-// lies wholly beyond the front.
+// Forward: the first element in p[0..n) that the test hits, or n. Past the front, `rest` walks
+// the whole area again: its first blocks cost less than the call's other arguments would, and
+// the call becomes the entry's last step.
 template <Unit T, class Test, class Rest>
 [[gnu::always_inline]] inline std::uint64_t ForwardFront(const T* p, std::uint64_t n,
                                                          const Test& test, Rest rest) {
@@ -82,7 +83,7 @@ template <Unit T, class Test, class Rest>
   // A hit just past the area's end stands for "none".
   if (n <= per) m |= Bits{1} << (n * sizeof(T));
   if (m) return static_cast<unsigned>(__builtin_ctzll(m)) / sizeof(T);
-  return per + rest(p + per, n - per);
+  return rest(p, n);
 }
 
 // Backward from `last`: how many elements are passed before the first hit, or n.
@@ -97,7 +98,7 @@ template <Unit T, class Test, class Rest>
   // Bit 15 is the top byte of `last`; below the area a hit stands for "none".
   if (n < per) m |= Bits{1} << (kFrontBytes - 1 - n * sizeof(T));
   if (m) return (kFrontBytes - 1 - (63u - static_cast<unsigned>(__builtin_clzll(m)))) / sizeof(T);
-  return per + rest(last - per, n - per);
+  return rest(last, n);
 }
 
 template <Unit T>
@@ -174,8 +175,7 @@ template <Unit T>
   Bits differ = ~Sse2::Mask(Sse2::Eq(Sse2::Load(a), Sse2::Load(b), std::uint8_t{})) & Sse2::kFull;
   if (n <= kFrontBytes) differ |= Bits{1} << n;
   if (differ) return static_cast<unsigned>(__builtin_ctzll(differ));
-  return kFrontBytes + Active().first_difference(a + kFrontBytes, b + kFrontBytes,
-                                                 n - kFrontBytes);
+  return Active().first_difference(a, b, n);
 }
 
 }  // namespace brelt::scan

@@ -22,6 +22,10 @@ using Bits = std::uint64_t;
 // the block loads.
 #define BRELT_WHOLE_BLOCK_READS __attribute__((no_sanitize_address))
 
+// The walks' small helpers are lambdas; in the largest walks the compiler would otherwise
+// leave some as calls, and a call there spills the vector registers to an aligned frame.
+#define BRELT_INLINE_LAMBDA __attribute__((always_inline))
+
 struct Sse2 {
   using V = __m128i;
   static constexpr unsigned kBytes = 16;
@@ -236,46 +240,84 @@ inline unsigned LastHit(const std::uint8_t* at, unsigned blocks, const Test& tes
   return k + 63u - static_cast<unsigned>(__builtin_clzll(m));
 }
 
-// An area of B to eight blocks' bytes that lies on one page is read whole in up to eight
-// blocks at k * B, each drawn back so that none passes the area's end: no lane outside the
-// area is looked at, and the test costs one branch. Offset of the first hit (or the last,
-// for AreaLast), or `size` when there is none.
+// An area of up to eight blocks whose page holds it whole (and a block from its start) is
+// read in one test. Up to a block it is one block, past the area's end masked off; longer
+// ones are covered by blocks from the start and blocks that end with the area, overlapping in
+// the middle, so that no lane outside the area is looked at. Offset of the first hit (for
+// AreaLast: bytes from the top down to the last hit), or `size` when there is none.
 template <class W, class T, class Test>
 [[gnu::always_inline]] inline std::uint64_t AreaFirst(const std::uint8_t* at, std::uint64_t size,
                                                       const Test& test) {
   constexpr unsigned B = W::kBytes;
-  const unsigned blocks = size <= 4 * B ? 4 : 8;
-  auto off = [size](unsigned k) { return std::min<std::uint64_t>(k * B, size - B); };
-  auto key = [&](unsigned k) { return test.Key(LoadOnce<W>(at + off(k))); };
-  auto fold = [](auto x, auto y) { return Fold<W, T, Test>(x, y); };
-  auto folded = fold(fold(key(0), key(1)), fold(key(2), key(3)));
-  if (blocks == 8) folded = fold(folded, fold(fold(key(4), key(5)), fold(key(6), key(7))));
-  if (LaneHits<W, T, Test>(folded) == 0) return size;
-  for (unsigned k = 0;; ++k) {
-    if (const Bits m = BlockHits<W, T>(at + off(k), test)) {
-      return off(k) + static_cast<unsigned>(__builtin_ctzll(m));
-    }
+  auto fold = [](auto x, auto y) BRELT_INLINE_LAMBDA { return Fold<W, T, Test>(x, y); };
+  auto key = [&](std::uint64_t off) BRELT_INLINE_LAMBDA { return test.Key(LoadOnce<W>(at + off)); };
+  auto first = [&](std::uint64_t off) BRELT_INLINE_LAMBDA { return BlockHits<W, T>(at + off, test); };
+  auto ctz = [](Bits m) BRELT_INLINE_LAMBDA { return static_cast<unsigned>(__builtin_ctzll(m)); };
+  if (size <= B) {
+    Bits m = first(0);
+    if (size < 64) m |= Bits{1} << size;
+    return m ? ctz(m) : size;
   }
+  const std::uint64_t tail = size - B;  // the block that ends with the area
+  if (size <= 2 * B) {
+    if (LaneHits<W, T, Test>(fold(key(0), key(tail))) == 0) return size;
+    const Bits m = first(0);
+    return m ? ctz(m) : tail + ctz(first(tail));
+  }
+  if (size <= 4 * B) {
+    if (LaneHits<W, T, Test>(fold(fold(key(0), key(B)), fold(key(tail - B), key(tail)))) == 0) {
+      return size;
+    }
+    if (Bits m = first(0)) return ctz(m);
+    if (Bits m = first(B)) return B + ctz(m);
+    if (Bits m = first(tail - B)) return tail - B + ctz(m);
+    return tail + ctz(first(tail));
+  }
+  const std::uint64_t high = size - 4 * B;  // the group that ends with the area
+  auto folded = fold(GroupKey<W, T>(at, test), GroupKey<W, T>(at + high, test));
+  if (LaneHits<W, T, Test>(folded) == 0) return size;
+  if (GroupHit<W, T>(at, test)) return FirstHit<W, T>(at, test);
+  return high + FirstHit<W, T>(at + high, test);
 }
 
-// The same from the area's top down: `end` is one past it, the result counts bytes from end - 1
-// down to the last hit.
+// `end` is one past the area.
 template <class W, class T, class Test>
 [[gnu::always_inline]] inline std::uint64_t AreaLast(const std::uint8_t* end, std::uint64_t size,
                                                      const Test& test) {
   constexpr unsigned B = W::kBytes;
-  const unsigned blocks = size <= 4 * B ? 4 : 8;
-  auto off = [size](unsigned k) { return B + std::min<std::uint64_t>(k * B, size - B); };
-  auto key = [&](unsigned k) { return test.Key(LoadOnce<W>(end - off(k))); };
-  auto fold = [](auto x, auto y) { return Fold<W, T, Test>(x, y); };
-  auto folded = fold(fold(key(0), key(1)), fold(key(2), key(3)));
-  if (blocks == 8) folded = fold(folded, fold(fold(key(4), key(5)), fold(key(6), key(7))));
-  if (LaneHits<W, T, Test>(folded) == 0) return size;
-  for (unsigned k = 0;; ++k) {
-    if (const Bits m = BlockHits<W, T>(end - off(k), test)) {
-      return off(k) - 1 - (63u - static_cast<unsigned>(__builtin_clzll(m)));
-    }
+  auto fold = [](auto x, auto y) BRELT_INLINE_LAMBDA { return Fold<W, T, Test>(x, y); };
+  // Blocks are named by how far their start lies below end.
+  auto key = [&](std::uint64_t down) BRELT_INLINE_LAMBDA { return test.Key(LoadOnce<W>(end - down)); };
+  auto hits = [&](std::uint64_t down) BRELT_INLINE_LAMBDA { return BlockHits<W, T>(end - down, test); };
+  auto below = [](std::uint64_t down, Bits m) BRELT_INLINE_LAMBDA {
+    return down - 1 - (63u - static_cast<unsigned>(__builtin_clzll(m)));
+  };
+  if (size <= B) {
+    Bits m = hits(B);
+    if (size < B) m |= Bits{1} << (B - 1 - size);
+    return m ? below(B, m) : size;
   }
+  if (size <= 2 * B) {
+    if (LaneHits<W, T, Test>(fold(key(B), key(size))) == 0) return size;
+    const Bits m = hits(B);
+    return m ? below(B, m) : below(size, hits(size));
+  }
+  if (size <= 4 * B) {
+    if (LaneHits<W, T, Test>(fold(fold(key(B), key(2 * B)), fold(key(size - B), key(size)))) ==
+        0) {
+      return size;
+    }
+    if (Bits m = hits(B)) return below(B, m);
+    if (Bits m = hits(2 * B)) return below(2 * B, m);
+    if (Bits m = hits(size - B)) return below(size - B, m);
+    return below(size, hits(size));
+  }
+  const std::uint8_t* top = end - 4 * B;
+  const std::uint8_t* low = end - size;
+  auto folded = fold(GroupKey<W, T>(top, test), GroupKey<W, T>(low, test));
+  if (LaneHits<W, T, Test>(folded) == 0) return size;
+  if (GroupHit<W, T>(top, test)) return 4 * B - 1 - LastHit<W, T>(top, 4, test);
+  return size - 1 - LastHit<W, T>(low, 4, test);
 }
 
 // The address one past an area of `bytes` from `at`, held at the top of the address space for
@@ -309,17 +351,17 @@ BRELT_WHOLE_BLOCK_READS [[gnu::always_inline]] inline std::uint64_t Forward(cons
   constexpr unsigned G = 4 * B;
   const auto* base = reinterpret_cast<const std::uint8_t*>(p);
   const std::uintptr_t start = reinterpret_cast<std::uintptr_t>(p);
-  const std::uintptr_t areaEnd = AreaEnd(p, n * sizeof(T));
-  auto element = [&](std::uintptr_t at) { return std::min<std::uint64_t>((at - start) / sizeof(T), n); };
-  auto bytes = [](std::uintptr_t at) { return reinterpret_cast<const std::uint8_t*>(at); };
+  auto element = [&](std::uintptr_t at) BRELT_INLINE_LAMBDA { return std::min<std::uint64_t>((at - start) / sizeof(T), n); };
+  auto bytes = [](std::uintptr_t at) BRELT_INLINE_LAMBDA { return reinterpret_cast<const std::uint8_t*>(at); };
   if (n == 0) return 0;
 
-  std::uintptr_t at;  // everything below is clean
   const std::uint64_t room = PageRoom(base);
-  const std::uint64_t size = areaEnd - start;
-  if (size >= B && size <= 2 * G && room >= size) {
-    return element(start + AreaFirst<W, T>(base, size, test));
+  if (n <= 2 * G / sizeof(T) && room >= n * sizeof(T) && room >= B) {
+    return AreaFirst<W, T>(base, n * sizeof(T), test) / sizeof(T);
   }
+  const std::uintptr_t areaEnd = AreaEnd(p, n * sizeof(T));
+  const std::uint64_t size = areaEnd - start;
+  std::uintptr_t at;  // everything below is clean
   if (room >= 2 * G && size > G) {
     // Up to eight blocks tested at once: the whole of most areas of a few hundred bytes.
     if (PairHit<W, T>(base, test)) return element(start + FirstHit<W, T>(base, test));
@@ -367,19 +409,19 @@ BRELT_WHOLE_BLOCK_READS [[gnu::always_inline]] inline std::uint64_t Backward(con
   constexpr unsigned G = 4 * B;
   // `end` is one byte past the area; a hit at byte `end - 1 - k` has k / size elements above.
   const std::uintptr_t end = reinterpret_cast<std::uintptr_t>(last + 1);
-  const std::uint64_t size = n * sizeof(T);
-  const std::uintptr_t areaLow = size > end ? 0 : end - size;
-  auto passed = [&](std::uintptr_t at) { return std::min<std::uint64_t>((end - 1 - at) / sizeof(T), n); };
-  auto bytes = [](std::uintptr_t at) { return reinterpret_cast<const std::uint8_t*>(at); };
-  auto top = [](Bits m) { return 63u - static_cast<unsigned>(__builtin_clzll(m)); };
+  auto passed = [&](std::uintptr_t at) BRELT_INLINE_LAMBDA { return std::min<std::uint64_t>((end - 1 - at) / sizeof(T), n); };
+  auto bytes = [](std::uintptr_t at) BRELT_INLINE_LAMBDA { return reinterpret_cast<const std::uint8_t*>(at); };
+  auto top = [](Bits m) BRELT_INLINE_LAMBDA { return 63u - static_cast<unsigned>(__builtin_clzll(m)); };
   if (n == 0) return 0;
 
-  std::uintptr_t at;  // everything from here up to end is clean
   const std::uint64_t room = end - PageStart(end - 1);
-  const std::uint64_t span = end - areaLow;
-  if (span >= B && span <= 2 * G && room >= span) {
-    return passed(end - 1 - AreaLast<W, T>(bytes(end), span, test));
+  if (n <= 2 * G / sizeof(T) && room >= n * sizeof(T) && room >= B) {
+    return AreaLast<W, T>(bytes(end), n * sizeof(T), test) / sizeof(T);
   }
+  const std::uint64_t size = n * sizeof(T);
+  const std::uintptr_t areaLow = size > end ? 0 : end - size;
+  const std::uint64_t span = end - areaLow;
+  std::uintptr_t at;  // everything from here up to end is clean
   if (room >= 2 * G && span > G) {
     const std::uintptr_t low = end - 2 * G;
     if (PairHit<W, T>(bytes(low), test)) return passed(low + LastHit<W, T>(bytes(low), 8, test));
@@ -418,7 +460,7 @@ template <class W, class T>
 inline std::uint64_t Count(const T* p, std::uint64_t n, T v) {
   constexpr std::uint64_t per = W::kBytes / sizeof(T);
   const auto want = W::Splat(v);
-  auto hits = [&](const T* at) { return W::Mask(W::Eq(W::Load(at), want, T{})); };
+  auto hits = [&](const T* at) BRELT_INLINE_LAMBDA { return W::Mask(W::Eq(W::Load(at), want, T{})); };
   std::uint64_t lanes = 0;
   std::uint64_t i = 0;
   for (; n - i >= 4 * per; i += 4 * per) {
@@ -456,23 +498,30 @@ template <class W>
 inline std::uint64_t Mismatch(const std::uint8_t* a, const std::uint8_t* b, std::uint64_t n) {
   constexpr unsigned B = W::kBytes;
   constexpr Bits kAll = W::kFull;
-  auto differ = [&](std::uint64_t at) {
+  auto differ = [&](std::uint64_t at) BRELT_INLINE_LAMBDA {
     return ~W::Mask(W::Eq(W::Load(a + at), W::Load(b + at), std::uint8_t{})) & kAll;
   };
-  auto found = [n](std::uint64_t at, Bits d) {
+  auto found = [n](std::uint64_t at, Bits d) BRELT_INLINE_LAMBDA {
     return std::min<std::uint64_t>(at + static_cast<unsigned>(__builtin_ctzll(d)), n);
   };
   if (n >= B && n <= 8 * B && std::min(PageRoom(a), PageRoom(b)) >= n) {
-    // Read whole, as in AreaFirst: blocks at k * B drawn back to end with the areas.
-    auto off = [n](unsigned k) { return std::min<std::uint64_t>(k * B, n - B); };
-    auto eq = [&](unsigned k) {
-      return W::Eq(LoadOnce<W>(a + off(k)), LoadOnce<W>(b + off(k)), std::uint8_t{});
+    // Read whole, in blocks from the start and blocks that end with the areas, as AreaFirst.
+    auto eq = [&](std::uint64_t at) BRELT_INLINE_LAMBDA {
+      return W::Eq(LoadOnce<W>(a + at), LoadOnce<W>(b + at), std::uint8_t{});
     };
-    auto all = W::And(W::And(eq(0), eq(1)), W::And(eq(2), eq(3)));
-    if (n > 4 * B) all = W::And(all, W::And(W::And(eq(4), eq(5)), W::And(eq(6), eq(7))));
-    if (W::Mask(all) == kAll) return n;
-    for (unsigned k = 0;; ++k) {
-      if (const Bits d = differ(off(k))) return off(k) + static_cast<unsigned>(__builtin_ctzll(d));
+    auto same = [&](std::uint64_t at, auto... more) BRELT_INLINE_LAMBDA {
+      auto all = eq(at);
+      ((all = W::And(all, eq(more))), ...);
+      return W::Mask(all) == kAll;
+    };
+    const std::uint64_t tail = n - B;
+    if (n <= 2 * B ? same(0, tail)
+        : n <= 4 * B ? same(0, B, tail - B, tail)
+                     : same(0, B, 2 * B, 3 * B, tail - 3 * B, tail - 2 * B, tail - B, tail)) {
+      return n;
+    }
+    for (std::uint64_t at = 0;; at = std::min(at + B, tail)) {
+      if (const Bits d = differ(at)) return at + static_cast<unsigned>(__builtin_ctzll(d));
     }
   }
   std::uint64_t i = 0;
