@@ -53,11 +53,11 @@ inline Raw<T> AsRaw(T v) {
   return static_cast<Raw<T>>(v);
 }
 
-// Most texts are short, so every entry first looks at the 16 bytes at p with one unaligned
-// load, inline and without the table: that answers whenever the area ends or the test hits
-// within them. The load is taken only where it stays on the page of p and the elements sit
-// in whole lanes, and never for an empty area, which may stand at an unreadable page; elsewhere
-// the table's walk does it all.
+// Most texts are short, also in long arrays, so the entries first look at the 16 bytes at p
+// with one unaligned load, inline and without the table: that answers whenever the area ends
+// or the test hits within them. The load is taken where it stays on the page of p and the
+// elements sit in whole lanes (never for an empty area, which may stand at an unreadable
+// page); elsewhere, and past the front, the table's walk does it all.
 inline constexpr unsigned kFrontBytes = 16;
 
 template <Unit T>
@@ -71,9 +71,7 @@ template <Unit T, class Test>
   return LaneHits<Sse2, Raw<T>, Test>(test.Key(Sse2::Load(p)));
 }
 
-// Forward: the first element in p[0..n) that the test hits, or n. Past the front, `rest` walks
-// the whole area again: its first blocks cost less than the call's other arguments would, and
-// the call becomes the entry's last step.
+// Forward: the first element in p[0..n) that the test hits, or n; `rest` is the table's walk.
 template <Unit T, class Test, class Rest>
 [[gnu::always_inline]] inline std::uint64_t ForwardFront(const T* p, std::uint64_t n,
                                                          const Test& test, Rest rest) {
@@ -83,7 +81,7 @@ template <Unit T, class Test, class Rest>
   // A hit just past the area's end stands for "none".
   if (n <= per) m |= Bits{1} << (n * sizeof(T));
   if (m) return static_cast<unsigned>(__builtin_ctzll(m)) / sizeof(T);
-  return rest(p, n);
+  return per + rest(p + per, n - per);
 }
 
 // Backward from `last`: how many elements are passed before the first hit, or n.
@@ -98,7 +96,7 @@ template <Unit T, class Test, class Rest>
   // Bit 15 is the top byte of `last`; below the area a hit stands for "none".
   if (n < per) m |= Bits{1} << (kFrontBytes - 1 - n * sizeof(T));
   if (m) return (kFrontBytes - 1 - (63u - static_cast<unsigned>(__builtin_clzll(m)))) / sizeof(T);
-  return rest(last, n);
+  return per + rest(last - per, n - per);
 }
 
 template <Unit T>
@@ -152,7 +150,7 @@ template <Unit T>
 // How many of p[0..n) equal v.
 template <Unit T>
 [[gnu::always_inline]] inline std::uint64_t CountEq(const T* p, std::uint64_t n, T v) {
-  if (n <= kFrontBytes / sizeof(T) && n != 0 && FrontLoadable(p)) {
+  if (n - 1 < kFrontBytes / sizeof(T) && FrontLoadable(p)) {
     const Bits inArea = (Bits{1} << (n * sizeof(T))) - 1;
     // Bits counted by halves, as the base instruction set has no population count.
     Bits m = FrontHits(p, IsValue<Sse2, Raw<T>>(AsRaw(v))) & inArea;
@@ -175,7 +173,8 @@ template <Unit T>
   Bits differ = ~Sse2::Mask(Sse2::Eq(Sse2::Load(a), Sse2::Load(b), std::uint8_t{})) & Sse2::kFull;
   if (n <= kFrontBytes) differ |= Bits{1} << n;
   if (differ) return static_cast<unsigned>(__builtin_ctzll(differ));
-  return Active().first_difference(a, b, n);
+  return kFrontBytes + Active().first_difference(a + kFrontBytes, b + kFrontBytes,
+                                                 n - kFrontBytes);
 }
 
 }  // namespace brelt::scan

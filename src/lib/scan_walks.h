@@ -258,23 +258,23 @@ template <class W, class T, class Test>
     if (size < 64) m |= Bits{1} << size;
     return m ? ctz(m) : size;
   }
+  // A text that ends early ends in the first block: that one is tested on its own.
+  const auto key0 = key(0);
+  if (const Bits m = LaneHits<W, T, Test>(key0)) return ctz(m);
   const std::uint64_t tail = size - B;  // the block that ends with the area
   if (size <= 2 * B) {
-    if (LaneHits<W, T, Test>(fold(key(0), key(tail))) == 0) return size;
-    const Bits m = first(0);
-    return m ? ctz(m) : tail + ctz(first(tail));
+    const Bits m = first(tail);
+    return m ? tail + ctz(m) : size;
   }
   if (size <= 4 * B) {
-    if (LaneHits<W, T, Test>(fold(fold(key(0), key(B)), fold(key(tail - B), key(tail)))) == 0) {
-      return size;
-    }
-    if (Bits m = first(0)) return ctz(m);
+    if (LaneHits<W, T, Test>(fold(key(B), fold(key(tail - B), key(tail)))) == 0) return size;
     if (Bits m = first(B)) return B + ctz(m);
     if (Bits m = first(tail - B)) return tail - B + ctz(m);
     return tail + ctz(first(tail));
   }
   const std::uint64_t high = size - 4 * B;  // the group that ends with the area
-  auto folded = fold(GroupKey<W, T>(at, test), GroupKey<W, T>(at + high, test));
+  auto folded = fold(fold(fold(key0, key(B)), fold(key(2 * B), key(3 * B))),
+                     GroupKey<W, T>(at + high, test));
   if (LaneHits<W, T, Test>(folded) == 0) return size;
   if (GroupHit<W, T>(at, test)) return FirstHit<W, T>(at, test);
   return high + FirstHit<W, T>(at + high, test);
@@ -297,24 +297,22 @@ template <class W, class T, class Test>
     if (size < B) m |= Bits{1} << (B - 1 - size);
     return m ? below(B, m) : size;
   }
+  const auto keyTop = key(B);
+  if (const Bits m = LaneHits<W, T, Test>(keyTop)) return below(B, m);
   if (size <= 2 * B) {
-    if (LaneHits<W, T, Test>(fold(key(B), key(size))) == 0) return size;
-    const Bits m = hits(B);
-    return m ? below(B, m) : below(size, hits(size));
+    const Bits m = hits(size);
+    return m ? below(size, m) : size;
   }
   if (size <= 4 * B) {
-    if (LaneHits<W, T, Test>(fold(fold(key(B), key(2 * B)), fold(key(size - B), key(size)))) ==
-        0) {
-      return size;
-    }
-    if (Bits m = hits(B)) return below(B, m);
+    if (LaneHits<W, T, Test>(fold(key(2 * B), fold(key(size - B), key(size)))) == 0) return size;
     if (Bits m = hits(2 * B)) return below(2 * B, m);
     if (Bits m = hits(size - B)) return below(size - B, m);
     return below(size, hits(size));
   }
   const std::uint8_t* top = end - 4 * B;
   const std::uint8_t* low = end - size;
-  auto folded = fold(GroupKey<W, T>(top, test), GroupKey<W, T>(low, test));
+  auto folded = fold(fold(fold(keyTop, key(2 * B)), fold(key(3 * B), key(4 * B))),
+                     GroupKey<W, T>(low, test));
   if (LaneHits<W, T, Test>(folded) == 0) return size;
   if (GroupHit<W, T>(top, test)) return 4 * B - 1 - LastHit<W, T>(top, 4, test);
   return size - 1 - LastHit<W, T>(low, 4, test);
@@ -489,22 +487,26 @@ inline std::uint64_t Count(const T* p, std::uint64_t n, T v) {
   return count;
 }
 
-// Index of the first byte that differs between a[0..n) and b[0..n), or n. Only the bytes up to
-// the first difference need be readable, and the areas need not share an alignment: groups of
-// four blocks, then single blocks, are read where both sides have room before a page boundary,
-// and bytes past n count as equal. Short of a block's room, the block that ends on the
-// boundary, overlapping bytes already found equal, takes the rest of the page.
+// What MismatchShort returns when the areas are not ones it reads whole.
+inline constexpr std::uint64_t kLong = ~std::uint64_t{0};
+
+// Mismatch for areas of up to eight blocks that lie whole on the pages of their starts (and
+// one block from there), without a frame: kLong for any other.
 template <class W>
-inline std::uint64_t Mismatch(const std::uint8_t* a, const std::uint8_t* b, std::uint64_t n) {
+[[gnu::always_inline]] inline std::uint64_t MismatchShort(const std::uint8_t* a,
+                                                          const std::uint8_t* b,
+                                                          std::uint64_t n) {
   constexpr unsigned B = W::kBytes;
   constexpr Bits kAll = W::kFull;
   auto differ = [&](std::uint64_t at) BRELT_INLINE_LAMBDA {
     return ~W::Mask(W::Eq(W::Load(a + at), W::Load(b + at), std::uint8_t{})) & kAll;
   };
-  auto found = [n](std::uint64_t at, Bits d) BRELT_INLINE_LAMBDA {
-    return std::min<std::uint64_t>(at + static_cast<unsigned>(__builtin_ctzll(d)), n);
-  };
-  if (n >= B && n <= 8 * B && std::min(PageRoom(a), PageRoom(b)) >= n) {
+  const std::uint64_t room = std::min(PageRoom(a), PageRoom(b));
+  if (n - 1 < B - 1 && room >= B) {
+    // One block; a difference past the area's end stands for none.
+    return static_cast<unsigned>(__builtin_ctzll(differ(0) | Bits{1} << n));
+  }
+  if (n >= B && n <= 8 * B && room >= n) {
     // Read whole, in blocks from the start and blocks that end with the areas, as AreaFirst.
     auto eq = [&](std::uint64_t at) BRELT_INLINE_LAMBDA {
       return W::Eq(LoadOnce<W>(a + at), LoadOnce<W>(b + at), std::uint8_t{});
@@ -524,6 +526,25 @@ inline std::uint64_t Mismatch(const std::uint8_t* a, const std::uint8_t* b, std:
       if (const Bits d = differ(at)) return at + static_cast<unsigned>(__builtin_ctzll(d));
     }
   }
+  return kLong;
+}
+
+// Index of the first byte that differs between a[0..n) and b[0..n), or n. Only the bytes up to
+// the first difference need be readable, and the areas need not share an alignment: groups of
+// four blocks, then single blocks, are read where both sides have room before a page boundary,
+// and bytes past n count as equal. Short of a block's room, the block that ends on the
+// boundary, overlapping bytes already found equal, takes the rest of the page.
+template <class W>
+[[gnu::noinline]] inline std::uint64_t Mismatch(const std::uint8_t* a, const std::uint8_t* b,
+                                                std::uint64_t n) {
+  constexpr unsigned B = W::kBytes;
+  constexpr Bits kAll = W::kFull;
+  auto differ = [&](std::uint64_t at) BRELT_INLINE_LAMBDA {
+    return ~W::Mask(W::Eq(W::Load(a + at), W::Load(b + at), std::uint8_t{})) & kAll;
+  };
+  auto found = [n](std::uint64_t at, Bits d) BRELT_INLINE_LAMBDA {
+    return std::min<std::uint64_t>(at + static_cast<unsigned>(__builtin_ctzll(d)), n);
+  };
   std::uint64_t i = 0;
   while (i < n) {
     const std::uint64_t stop = i + std::min(PageRoom(a + i), PageRoom(b + i));
@@ -551,31 +572,41 @@ inline std::uint64_t Mismatch(const std::uint8_t* a, const std::uint8_t* b, std:
   return n;
 }
 
+// Whether an area of n elements at `address` is one for AreaFirst/AreaLast: not empty, in whole
+// lanes, at most eight blocks, and with `room` (bytes on its page in the walk's direction)
+// for all of it and for one block.
+template <class W, class T>
+[[gnu::always_inline]] inline bool WholeArea(std::uint64_t room, std::uintptr_t address,
+                                             std::uint64_t n) {
+  return n - 1 < 8 * W::kBytes / sizeof(T) && room >= n * sizeof(T) && room >= W::kBytes &&
+         address % sizeof(T) == 0;
+}
+
 // The table entries for one width.
 template <class W>
 struct KernelSet {
   template <class T>
   static std::uint64_t FindEq(const T* p, std::uint64_t n, T v) {
-    if (v == T{0}) return Forward<W>(p, n, IsZero<W, T>());
-    return Forward<W>(p, n, IsValue<W, T>(v));
+    if (v == T{0}) return Up<IsZero<W, T>>(p, n);
+    return Up<IsValue<W, T>>(p, n, v);
   }
   template <class T>
   static std::uint64_t FindNe(const T* p, std::uint64_t n, T v) {
-    return Forward<W>(p, n, IsNotValue<W, T>(v));
+    return Up<IsNotValue<W, T>>(p, n, v);
   }
   template <class T>
   static std::uint64_t FindEither(const T* p, std::uint64_t n, T a, T b) {
-    if (a == T{0}) return Forward<W>(p, n, IsZeroOrValue<W, T>(b));
-    if (b == T{0}) return Forward<W>(p, n, IsZeroOrValue<W, T>(a));
-    return Forward<W>(p, n, IsEither<W, T>(a, b));
+    if (a == T{0}) return Up<IsZeroOrValue<W, T>>(p, n, b);
+    if (b == T{0}) return Up<IsZeroOrValue<W, T>>(p, n, a);
+    return Up<IsEither<W, T>>(p, n, a, b);
   }
   template <class T>
   static std::uint64_t FindEqBack(const T* last, std::uint64_t n, T v) {
-    return Backward<W>(last, n, IsValue<W, T>(v));
+    return Down<IsValue<W, T>>(last, n, v);
   }
   template <class T>
   static std::uint64_t FindNeBack(const T* last, std::uint64_t n, T v) {
-    return Backward<W>(last, n, IsNotValue<W, T>(v));
+    return Down<IsNotValue<W, T>>(last, n, v);
   }
   template <class T>
   static std::uint64_t CountEq(const T* p, std::uint64_t n, T v) {
@@ -583,7 +614,38 @@ struct KernelSet {
   }
   static std::uint64_t FirstDifference(const std::uint8_t* a, const std::uint8_t* b,
                                        std::uint64_t n) {
+    if (const std::uint64_t i = MismatchShort<W>(a, b, n); i != kLong) return i;
     return Mismatch<W>(a, b, n);
+  }
+
+ private:
+  // Areas read whole are answered here, without a frame; the long walks are calls of their
+  // own, made last.
+  template <class Test, class T, class... Values>
+  [[gnu::always_inline]] static std::uint64_t Up(const T* p, std::uint64_t n, Values... v) {
+    const auto* at = reinterpret_cast<const std::uint8_t*>(p);
+    if (WholeArea<W, T>(PageRoom(at), reinterpret_cast<std::uintptr_t>(p), n)) {
+      return AreaFirst<W, T>(at, n * sizeof(T), Test(v...)) / sizeof(T);
+    }
+    return UpLong<Test>(p, n, v...);
+  }
+  template <class Test, class T, class... Values>
+  [[gnu::noinline]] static std::uint64_t UpLong(const T* p, std::uint64_t n, Values... v) {
+    return Forward<W>(p, n, Test(v...));
+  }
+  template <class Test, class T, class... Values>
+  [[gnu::always_inline]] static std::uint64_t Down(const T* last, std::uint64_t n, Values... v) {
+    const auto* end = reinterpret_cast<const std::uint8_t*>(last + 1);
+    const std::uint64_t room = static_cast<std::uint64_t>(
+        (reinterpret_cast<std::uintptr_t>(end - 1) & 4095) + 1);
+    if (WholeArea<W, T>(room, reinterpret_cast<std::uintptr_t>(last), n)) {
+      return AreaLast<W, T>(end, n * sizeof(T), Test(v...)) / sizeof(T);
+    }
+    return DownLong<Test>(last, n, v...);
+  }
+  template <class Test, class T, class... Values>
+  [[gnu::noinline]] static std::uint64_t DownLong(const T* last, std::uint64_t n, Values... v) {
+    return Backward<W>(last, n, Test(v...));
   }
 };
 
