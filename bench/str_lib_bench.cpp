@@ -1,6 +1,6 @@
 // Str::LengthA, Str::CharPosA, Lib::ScanR and Lib::Compare beside strnlen, memchr (and
 // strchr, which like CharPosA also watches for the terminator) and memcmp; RCharPosA beside
-// memrchr, CountA beside std::count, Lib::WordCompare beside memcmp, and the 16-bit LengthW
+// strrchr (and memrchr, which is given the length), CountA beside std::count, Lib::WordCompare beside memcmp, and the 16-bit LengthW
 // and CharPosW beside the standard library's char_traits, as the C library has no 16-bit
 // scans on Linux.
 // The text is one byte value throughout, so that every call walks the whole input.
@@ -129,6 +129,16 @@ void RCharPosA_brelt(benchmark::State& state) {
 void RCharPosA_memrchr(benchmark::State& state) {
   Walk<char>(state, [](const char* p, std::size_t n) { return memrchr(p, 'y', n); });
 }
+// strrchr, like RCharPosA, finds the terminator as it goes; the text ends in one here.
+void RCharPosA_strrchr(benchmark::State& state) {
+  auto s = Text(state.range(0));
+  s.back() = '\0';
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(s.data());
+    benchmark::DoNotOptimize(std::strrchr(s.data(), 'y'));
+  }
+  Done(state);
+}
 void CountA_brelt(benchmark::State& state) {
   Walk<char>(state, [](const char* p, std::size_t n) {
     return Str::CountA(static_cast<unsigned>(n - 1), p, 'x');
@@ -181,6 +191,7 @@ BENCHMARK(Compare_brelt)->Name("Compare/brelt")->Apply(Sizes);
 BENCHMARK(Compare_memcmp)->Name("Compare/memcmp")->Apply(Sizes);
 BENCHMARK(RCharPosA_brelt)->Name("RCharPosA/brelt")->Apply(Sizes);
 BENCHMARK(RCharPosA_memrchr)->Name("RCharPosA/memrchr")->Apply(Sizes);
+BENCHMARK(RCharPosA_strrchr)->Name("RCharPosA/strrchr")->Apply(Sizes);
 BENCHMARK(CountA_brelt)->Name("CountA/brelt")->Apply(Sizes);
 BENCHMARK(CountA_std_count)->Name("CountA/std_count")->Apply(Sizes);
 BENCHMARK(WordCompare_brelt)->Name("WordCompare/brelt")->Apply(Sizes);

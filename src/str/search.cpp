@@ -42,8 +42,13 @@ unsigned int NextCharPos(unsigned int high, const T* s, T ch, std::uint64_t star
 
 template <class T>
 unsigned int RCharPos(unsigned int high, const T* s, T ch) {
+  if (ch == T{0}) return kNotFound;
+  // A short text is answered from one look at its start.
+  if (const std::uint64_t i = scan::FrontLastBeforeEnd(s, Capacity(high), ch); i != scan::kLong) {
+    return i == Capacity(high) ? kNotFound : static_cast<unsigned int>(i);
+  }
   const std::uint64_t len = MeasuredLength(high, s);
-  if (len == 0 || ch == T{0}) return kNotFound;
+  if (len == 0) return kNotFound;
   const std::uint64_t back = scan::FindEqBackward(s + len - 1, len, ch);
   return back == len ? kNotFound : static_cast<unsigned int>(len - 1 - back);
 }
