@@ -40,17 +40,21 @@ unsigned int NextCharPos(unsigned int high, const T* s, T ch, std::uint64_t star
   return static_cast<unsigned int>(i);
 }
 
+// One walk to the first ch or the end: a text without ch is read once. From the first ch
+// on, the end is found and the walk goes back from it to the last ch.
 template <class T>
 unsigned int RCharPos(unsigned int high, const T* s, T ch) {
   if (ch == T{0}) return kNotFound;
+  const std::uint64_t n = Capacity(high);
   // A short text is answered from one look at its start.
-  if (const std::uint64_t i = scan::FrontLastBeforeEnd(s, Capacity(high), ch); i != scan::kLong) {
-    return i == Capacity(high) ? kNotFound : static_cast<unsigned int>(i);
+  if (const std::uint64_t i = scan::FrontLastBeforeEnd(s, n, ch); i != scan::kLong) {
+    return i == n ? kNotFound : static_cast<unsigned int>(i);
   }
-  const std::uint64_t len = MeasuredLength(high, s);
-  if (len == 0) return kNotFound;
-  const std::uint64_t back = scan::FindEqBackward(s + len - 1, len, ch);
-  return back == len ? kNotFound : static_cast<unsigned int>(len - 1 - back);
+  const std::uint64_t first = scan::FindEither(s, n, T{0}, ch);
+  if (first >= n || s[first] == T{0}) return kNotFound;
+  const std::uint64_t len = first + 1 + scan::FindEq(s + first + 1, n - first - 1, T{0});
+  const std::uint64_t back = scan::FindEqBackward(s + len - 1, len - first, ch);
+  return static_cast<unsigned int>(len - 1 - back);
 }
 
 template <class T>

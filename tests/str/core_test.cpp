@@ -107,14 +107,18 @@ TYPED_TEST(StrCore, PosAndNextPos) {
 }
 
 // Length and the character searches: a full array without NUL, NULs inside and first, a
-// high bit (a plain code, not a negative number), and all ones as a bound, not an empty array.
+// high bit (a plain code, not a negative number), all ones as a bound, not an empty array, and
+// texts longer than the first look at their start.
 TYPED_TEST(StrCore, LengthCharSearchesAndCount) {
   using T = TypeParam;
   const struct { SV s; unsigned char ch; unsigned len, pos, rPos, count; bool ones; } rows[] = {
       {"abcabc", 'b', 6, 1, 4, 2, 0},          {"abcabc", 'z', 6, kNo, kNo, 0, 0},
       {"abc", 0, 3, kNo, kNo, 0, 0},           {SV("ab\0b#x", 6), 'b', 2, 1, 1, 1, 0},
       {SV("\0b", 2), 'b', 0, kNo, kNo, 0, 0}, {"a\xE9z", 0xE9, 3, 1, 1, 1, 0},
-      {SV("abb\0", 4), 'b', 3, 1, 2, 2, 1},  {"cbc", 'c', 3, 0, 2, 2, 0}};
+      {SV("abb\0", 4), 'b', 3, 1, 2, 2, 1},  {"cbc", 'c', 3, 0, 2, 2, 0},
+      // Past the first 16 elements, and a b behind the NUL of a long text.
+      {"abcdefghijklmnopqrstuvwxyzb", 'b', 27, 1, 26, 2, 0},
+      {SV("abcdefghijklmnopqrb\0b", 21), 'b', 19, 1, 18, 2, 0}};
   for (const auto& r : rows) {
     GuardedArray<T> s(r.s);
     const unsigned high = r.ones ? kOnes : s.high();
