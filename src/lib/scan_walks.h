@@ -16,10 +16,10 @@ namespace brelt::scan {
 using Bits = std::uint64_t;
 
 // The walks read only blocks that lie on the page of a byte they must look at anyway (the
-// next one not yet found clean), so they may look at bytes beside the area (and beside the terminator of a string
-// whose bound says more) without ever faulting; lanes outside the area are masked off or
-// count as none. That is a deliberate read outside the object, hence no address sanitizing
-// of the block loads.
+// next one not yet found clean), so they may look at bytes beside the area (and beside the
+// terminator of a string whose bound says more) without ever faulting; lanes outside the area
+// are masked off or count as none. That is a deliberate read outside the object, hence no
+// address sanitizing of the block loads.
 #define BRELT_WHOLE_BLOCK_READS __attribute__((no_sanitize_address))
 
 // The walks' small helpers are lambdas; in the largest walks the compiler would otherwise
