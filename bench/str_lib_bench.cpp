@@ -1,8 +1,8 @@
 // Str::LengthA, Str::CharPosA, Lib::ScanR and Lib::Compare beside strnlen, memchr (and
 // strchr, which like CharPosA also watches for the terminator) and memcmp; RCharPosA beside
-// strrchr (and memrchr, which is given the length), CountA beside std::count, Lib::WordCompare beside memcmp, and the 16-bit LengthW
-// and CharPosW beside the standard library's char_traits, as the C library has no 16-bit
-// scans on Linux.
+// strrchr (and memrchr, which is given the length), CountA beside std::count,
+// Lib::WordCompare beside memcmp, and the 16-bit LengthW and CharPosW beside the standard
+// library's char_traits, as the C library has no 16-bit scans on Linux.
 // The text is one byte value throughout, so that every call walks the whole input.
 #include <brelt/lib.h>
 #include <brelt/str.h>

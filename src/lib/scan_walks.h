@@ -250,9 +250,15 @@ template <class W, class T, class Test>
                                                       const Test& test) {
   constexpr unsigned B = W::kBytes;
   auto fold = [](auto x, auto y) BRELT_INLINE_LAMBDA { return Fold<W, T, Test>(x, y); };
-  auto key = [&](std::uint64_t off) BRELT_INLINE_LAMBDA { return test.Key(LoadOnce<W>(at + off)); };
-  auto first = [&](std::uint64_t off) BRELT_INLINE_LAMBDA { return BlockHits<W, T>(at + off, test); };
-  auto ctz = [](Bits m) BRELT_INLINE_LAMBDA { return static_cast<unsigned>(__builtin_ctzll(m)); };
+  auto key = [&](std::uint64_t off) BRELT_INLINE_LAMBDA {
+    return test.Key(LoadOnce<W>(at + off));
+  };
+  auto first = [&](std::uint64_t off) BRELT_INLINE_LAMBDA {
+    return BlockHits<W, T>(at + off, test);
+  };
+  auto ctz = [](Bits m) BRELT_INLINE_LAMBDA {
+    return static_cast<unsigned>(__builtin_ctzll(m));
+  };
   if (size <= B) {
     Bits m = first(0);
     if (size < 64) m |= Bits{1} << size;
@@ -287,8 +293,12 @@ template <class W, class T, class Test>
   constexpr unsigned B = W::kBytes;
   auto fold = [](auto x, auto y) BRELT_INLINE_LAMBDA { return Fold<W, T, Test>(x, y); };
   // Blocks are named by how far their start lies below end.
-  auto key = [&](std::uint64_t down) BRELT_INLINE_LAMBDA { return test.Key(LoadOnce<W>(end - down)); };
-  auto hits = [&](std::uint64_t down) BRELT_INLINE_LAMBDA { return BlockHits<W, T>(end - down, test); };
+  auto key = [&](std::uint64_t down) BRELT_INLINE_LAMBDA {
+    return test.Key(LoadOnce<W>(end - down));
+  };
+  auto hits = [&](std::uint64_t down) BRELT_INLINE_LAMBDA {
+    return BlockHits<W, T>(end - down, test);
+  };
   auto below = [](std::uint64_t down, Bits m) BRELT_INLINE_LAMBDA {
     return down - 1 - (63u - static_cast<unsigned>(__builtin_clzll(m)));
   };
@@ -327,7 +337,7 @@ inline std::uintptr_t AreaEnd(const void* at, std::uint64_t bytes) {
 
 inline std::uintptr_t PageStart(std::uintptr_t a) { return a & ~std::uintptr_t{4095}; }
 
-// First element in p[0..n) that the test hits, or n.
+// First element in p[0..n) that the test hits, or n, for areas that AreaFirst does not take.
 //
 // The walk tests four blocks at a time, a group that never crosses a page, so that a walk that
 // ends at a NUL just before an unreadable page never touches that page. The first group is
@@ -349,14 +359,15 @@ BRELT_WHOLE_BLOCK_READS [[gnu::always_inline]] inline std::uint64_t Forward(cons
   constexpr unsigned G = 4 * B;
   const auto* base = reinterpret_cast<const std::uint8_t*>(p);
   const std::uintptr_t start = reinterpret_cast<std::uintptr_t>(p);
-  auto element = [&](std::uintptr_t at) BRELT_INLINE_LAMBDA { return std::min<std::uint64_t>((at - start) / sizeof(T), n); };
-  auto bytes = [](std::uintptr_t at) BRELT_INLINE_LAMBDA { return reinterpret_cast<const std::uint8_t*>(at); };
+  auto element = [&](std::uintptr_t at) BRELT_INLINE_LAMBDA {
+    return std::min<std::uint64_t>((at - start) / sizeof(T), n);
+  };
+  auto bytes = [](std::uintptr_t at) BRELT_INLINE_LAMBDA {
+    return reinterpret_cast<const std::uint8_t*>(at);
+  };
   if (n == 0) return 0;
 
   const std::uint64_t room = PageRoom(base);
-  if (n <= 2 * G / sizeof(T) && room >= n * sizeof(T) && room >= B) {
-    return AreaFirst<W, T>(base, n * sizeof(T), test) / sizeof(T);
-  }
   const std::uintptr_t areaEnd = AreaEnd(p, n * sizeof(T));
   const std::uint64_t size = areaEnd - start;
   std::uintptr_t at;  // everything below is clean
@@ -390,9 +401,9 @@ BRELT_WHOLE_BLOCK_READS [[gnu::always_inline]] inline std::uint64_t Forward(cons
   return n;
 }
 
-// Walking down from `last` over n elements: how many are passed before the first hit, or n.
-// The mirror of Forward: the first group ends where the area does when its page has room,
-// later ones end on block boundaries.
+// Walking down from `last` over n elements: how many are passed before the first hit, or n,
+// for areas that AreaLast does not take. The mirror of Forward: the first group ends where
+// the area does when its page has room, later ones end on block boundaries.
 template <class W, class T, class Test>
 BRELT_WHOLE_BLOCK_READS [[gnu::always_inline]] inline std::uint64_t Backward(const T* last,
                                                                             std::uint64_t n,
@@ -407,15 +418,18 @@ BRELT_WHOLE_BLOCK_READS [[gnu::always_inline]] inline std::uint64_t Backward(con
   constexpr unsigned G = 4 * B;
   // `end` is one byte past the area; a hit at byte `end - 1 - k` has k / size elements above.
   const std::uintptr_t end = reinterpret_cast<std::uintptr_t>(last + 1);
-  auto passed = [&](std::uintptr_t at) BRELT_INLINE_LAMBDA { return std::min<std::uint64_t>((end - 1 - at) / sizeof(T), n); };
-  auto bytes = [](std::uintptr_t at) BRELT_INLINE_LAMBDA { return reinterpret_cast<const std::uint8_t*>(at); };
-  auto top = [](Bits m) BRELT_INLINE_LAMBDA { return 63u - static_cast<unsigned>(__builtin_clzll(m)); };
+  auto passed = [&](std::uintptr_t at) BRELT_INLINE_LAMBDA {
+    return std::min<std::uint64_t>((end - 1 - at) / sizeof(T), n);
+  };
+  auto bytes = [](std::uintptr_t at) BRELT_INLINE_LAMBDA {
+    return reinterpret_cast<const std::uint8_t*>(at);
+  };
+  auto top = [](Bits m) BRELT_INLINE_LAMBDA {
+    return 63u - static_cast<unsigned>(__builtin_clzll(m));
+  };
   if (n == 0) return 0;
 
   const std::uint64_t room = end - PageStart(end - 1);
-  if (n <= 2 * G / sizeof(T) && room >= n * sizeof(T) && room >= B) {
-    return AreaLast<W, T>(bytes(end), n * sizeof(T), test) / sizeof(T);
-  }
   const std::uint64_t size = n * sizeof(T);
   const std::uintptr_t areaLow = size > end ? 0 : end - size;
   const std::uint64_t span = end - areaLow;
@@ -458,7 +472,9 @@ template <class W, class T>
 inline std::uint64_t Count(const T* p, std::uint64_t n, T v) {
   constexpr std::uint64_t per = W::kBytes / sizeof(T);
   const auto want = W::Splat(v);
-  auto hits = [&](const T* at) BRELT_INLINE_LAMBDA { return W::Mask(W::Eq(W::Load(at), want, T{})); };
+  auto hits = [&](const T* at) BRELT_INLINE_LAMBDA {
+    return W::Mask(W::Eq(W::Load(at), want, T{}));
+  };
   std::uint64_t lanes = 0;
   std::uint64_t i = 0;
   for (; n - i >= 4 * per; i += 4 * per) {
