@@ -3,6 +3,8 @@
 // throughput over the reference's (time of the reference over time of brelt), so 1.0 means
 // equal speed and more is faster.
 //
+// With --benchmark_repetitions the fastest run of each benchmark counts.
+//
 // With --brelt_table=FILE the pairs are also appended to FILE as rows of a Markdown table
 // (the header first when FILE is empty), each beside its target from --brelt_targets=FILE:
 // lines "operation reference size target", where a size of * stands for any size.
@@ -33,7 +35,10 @@ class RatioReporter : public benchmark::ConsoleReporter {
     ConsoleReporter::ReportRuns(runs);
     for (const Run& run : runs) {
       if (run.run_type != Run::RT_Iteration || run.error_occurred) continue;
-      times_[run.benchmark_name()] = run.GetAdjustedRealTime();
+      // Of repeated runs the fastest counts: a slower one was slowed by something else.
+      const double time = run.GetAdjustedRealTime();
+      const auto [at, fresh] = times_.try_emplace(run.benchmark_name(), time);
+      if (!fresh) at->second = std::min(at->second, time);
     }
   }
 
