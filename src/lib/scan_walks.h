@@ -345,7 +345,7 @@ inline std::uintptr_t PageStart(std::uintptr_t a) { return a & ~std::uintptr_t{4
 // read twice were clean, which does no harm), and the last few blocks before a page's end go
 // one at a time. Lanes before p are masked off; hits past the area's end count as none.
 template <class W, class T, class Test>
-BRELT_WHOLE_BLOCK_READS [[gnu::always_inline]] inline std::uint64_t Forward(const T* p,
+[[gnu::always_inline]] BRELT_WHOLE_BLOCK_READS inline std::uint64_t Forward(const T* p,
                                                                            std::uint64_t n,
                                                                            const Test& test) {
   if (reinterpret_cast<std::uintptr_t>(p) % sizeof(T) != 0) {
@@ -405,7 +405,7 @@ BRELT_WHOLE_BLOCK_READS [[gnu::always_inline]] inline std::uint64_t Forward(cons
 // for areas that AreaLast does not take. The mirror of Forward: the first group ends where
 // the area does when its page has room, later ones end on block boundaries.
 template <class W, class T, class Test>
-BRELT_WHOLE_BLOCK_READS [[gnu::always_inline]] inline std::uint64_t Backward(const T* last,
+[[gnu::always_inline]] BRELT_WHOLE_BLOCK_READS inline std::uint64_t Backward(const T* last,
                                                                             std::uint64_t n,
                                                                             const Test& test) {
   if (reinterpret_cast<std::uintptr_t>(last) % sizeof(T) != 0) {
