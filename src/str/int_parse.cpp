@@ -112,8 +112,36 @@ template <class U, class T>
   return WalkAnyBase<U>(high, src, i, 10, acc);
 }
 
+// Most digits a plain text may have to be read into 64 bits without wrapping there: one more
+// than the accumulator always holds, so that the overflow of a 32-bit accumulator is seen.
+template <class U>
+inline constexpr unsigned kPlainDigits = sizeof(U) == 4 ? 10 : 19;
+
+// The common text: an optional sign, at most kPlainDigits decimal digits, then a NUL, in an
+// array with room for all of them. Whether the value fits the accumulator and the result is one
+// comparison afterwards, and the accumulator's wrapped value is the low part. Gives false for
+// every other text, which the full walk then reads afresh.
+template <class U, class T>
+[[gnu::always_inline]] inline bool PlainDecimal(unsigned int high, const T* src,
+                                                std::uint64_t& magnitude) {
+  // A sign and every digit and the NUL behind them lie within the array: no index is tested
+  // against `high` below. A smaller array goes to the walk.
+  if (high < kPlainDigits<U> + 1) return false;
+  std::uint64_t i = (src[0] == T('-')) | (src[0] == T('+'));
+  const std::uint64_t stop = i + kPlainDigits<U>;
+  std::uint64_t acc = static_cast<std::make_unsigned_t<T>>(src[i]) - std::uint64_t{'0'};
+  if (acc > 9) return false;
+  std::uint64_t c;
+  while ((c = static_cast<std::make_unsigned_t<T>>(src[++i])) - '0' <= 9 && i < stop) {
+    acc = acc * 10 + (c - '0');
+  }
+  magnitude = acc;
+  return c == 0;
+}
+
 template <class S, class T>
-S ParseSigned(unsigned int high, const T* src, unsigned int base, unsigned char* ok) {
+[[gnu::noinline]] S ParseSignedWalk(unsigned int high, const T* src, unsigned int base,
+                                    unsigned char* ok) {
   using U = std::make_unsigned_t<S>;
   bool negative;
   const Walked<U> m = Magnitude<U>(high, src, base, negative);
@@ -124,11 +152,38 @@ S ParseSigned(unsigned int high, const T* src, unsigned int base, unsigned char*
 }
 
 template <class U, class T>
-U ParseUnsigned(unsigned int high, const T* src, unsigned int base, unsigned char* ok) {
+[[gnu::noinline]] U ParseUnsignedWalk(unsigned int high, const T* src, unsigned int base,
+                                      unsigned char* ok) {
   bool negative;
   const Walked<U> m = Magnitude<U>(high, src, base, negative);
   *ok = m.good && !negative ? 1 : 0;
   return m.value;
+}
+
+// The plain decimal text is done here without a frame; anything else goes on to the walk.
+template <class S, class T>
+[[gnu::always_inline]] inline S ParseSigned(unsigned int high, const T* src, unsigned int base,
+                                            unsigned char* ok) {
+  using U = std::make_unsigned_t<S>;
+  std::uint64_t magnitude;
+  if (base == 10 && PlainDecimal<U>(high, src, magnitude)) {
+    *ok = magnitude <= static_cast<std::uint64_t>(std::numeric_limits<S>::max()) ? 1 : 0;
+    // Negated without a branch: the sign of a run of numbers is no pattern to predict.
+    const U flip = U{0} - U{src[0] == T('-')};
+    return static_cast<S>(static_cast<U>((static_cast<U>(magnitude) ^ flip) - flip));
+  }
+  return ParseSignedWalk<S>(high, src, base, ok);
+}
+
+template <class U, class T>
+[[gnu::always_inline]] inline U ParseUnsigned(unsigned int high, const T* src, unsigned int base,
+                                              unsigned char* ok) {
+  std::uint64_t magnitude;
+  if (base == 10 && PlainDecimal<U>(high, src, magnitude)) {
+    *ok = src[0] != T('-') && magnitude <= std::numeric_limits<U>::max() ? 1 : 0;
+    return static_cast<U>(magnitude);
+  }
+  return ParseUnsignedWalk<U>(high, src, base, ok);
 }
 
 }  // namespace
