@@ -117,26 +117,36 @@ template <class U, class T>
 template <class U>
 inline constexpr unsigned kPlainDigits = sizeof(U) == 4 ? 10 : 19;
 
-// The common text: an optional sign, at most kPlainDigits decimal digits, then a NUL, in an
-// array with room for all of them. Whether the value fits the accumulator and the result is one
-// comparison afterwards, and the accumulator's wrapped value is the low part. Gives false for
-// every other text, which the full walk then reads afresh.
+// The common text: an optional '-', at most kPlainDigits decimal digits, then a NUL, in an
+// array with room for all of them. Gives its magnitude, wrapped to the accumulator only by the
+// caller, and in `fits` whether it is at most `limit`: a bound the full walk would not clear
+// ok for. Gives false for every other text ('+' among them), which the walk then reads afresh.
 template <class U, class T>
 [[gnu::always_inline]] inline bool PlainDecimal(unsigned int high, const T* src,
-                                                std::uint64_t& magnitude) {
+                                                std::uint64_t limit, std::uint64_t& magnitude,
+                                                bool& fits) {
+  using C = std::make_unsigned_t<T>;
   // A sign and every digit and the NUL behind them lie within the array: no index is tested
   // against `high` below. A smaller array goes to the walk.
   if (high < kPlainDigits<U> + 1) return false;
-  std::uint64_t i = (src[0] == T('-')) | (src[0] == T('+'));
-  const std::uint64_t stop = i + kPlainDigits<U>;
-  std::uint64_t acc = static_cast<std::make_unsigned_t<T>>(src[i]) - std::uint64_t{'0'};
+  const std::uint64_t negative = src[0] == T('-');
+  std::uint64_t acc = static_cast<C>(src[negative]) - std::uint64_t{'0'};
   if (acc > 9) return false;
-  std::uint64_t c;
-  while ((c = static_cast<std::make_unsigned_t<T>>(src[++i])) - '0' <= 9 && i < stop) {
-    acc = acc * 10 + (c - '0');
+  const T* p = src + negative + 1;
+  std::uint64_t c = static_cast<C>(*p);
+  // A single digit, frequent in counts and fields, is done without the loop, and fits.
+  fits = true;
+  if (c != 0) [[unlikely]] {
+    const T* const stop = p + (kPlainDigits<U> - 1);
+    while (c - '0' <= 9 && p < stop) {
+      acc = acc * 10 + (c - '0');
+      c = static_cast<C>(*++p);
+    }
+    if (c != 0) return false;
+    fits = acc <= limit;
   }
   magnitude = acc;
-  return c == 0;
+  return true;
 }
 
 template <class S, class T>
@@ -166,8 +176,10 @@ template <class S, class T>
                                             unsigned char* ok) {
   using U = std::make_unsigned_t<S>;
   std::uint64_t magnitude;
-  if (base == 10 && PlainDecimal<U>(high, src, magnitude)) {
-    *ok = magnitude <= static_cast<std::uint64_t>(std::numeric_limits<S>::max()) ? 1 : 0;
+  bool fits;
+  // The range is symmetric, as in the walk.
+  if (base == 10 && PlainDecimal<U>(high, src, std::numeric_limits<S>::max(), magnitude, fits)) {
+    *ok = fits ? 1 : 0;
     // Negated without a branch: the sign of a run of numbers is no pattern to predict.
     const U flip = U{0} - U{src[0] == T('-')};
     return static_cast<S>(static_cast<U>((static_cast<U>(magnitude) ^ flip) - flip));
@@ -179,8 +191,9 @@ template <class U, class T>
 [[gnu::always_inline]] inline U ParseUnsigned(unsigned int high, const T* src, unsigned int base,
                                               unsigned char* ok) {
   std::uint64_t magnitude;
-  if (base == 10 && PlainDecimal<U>(high, src, magnitude)) {
-    *ok = src[0] != T('-') && magnitude <= std::numeric_limits<U>::max() ? 1 : 0;
+  bool fits;
+  if (base == 10 && PlainDecimal<U>(high, src, std::numeric_limits<U>::max(), magnitude, fits)) {
+    *ok = fits && src[0] != T('-') ? 1 : 0;
     return static_cast<U>(magnitude);
   }
   return ParseUnsignedWalk<U>(high, src, base, ok);
