@@ -112,8 +112,46 @@ template <class U, class T>
   return WalkAnyBase<U>(high, src, i, 10, acc);
 }
 
+// Most digits a plain text may have to be read into 64 bits without wrapping there: one more
+// than the accumulator always holds, so that the overflow of a 32-bit accumulator is seen.
+template <class U>
+inline constexpr unsigned kPlainDigits = sizeof(U) == 4 ? 10 : 19;
+
+// The common text: an optional '-', at most kPlainDigits decimal digits, then a NUL, in an
+// array with room for all of them. Gives its magnitude, wrapped to the accumulator only by the
+// caller, and in `fits` whether it is at most `limit`: a bound the full walk would not clear
+// ok for. Gives false for every other text ('+' among them), which the walk then reads afresh.
+template <class U, class T>
+[[gnu::always_inline]] inline bool PlainDecimal(unsigned int high, const T* src,
+                                                std::uint64_t limit, std::uint64_t& magnitude,
+                                                bool& fits) {
+  using C = std::make_unsigned_t<T>;
+  // A sign and every digit and the NUL behind them lie within the array: no index is tested
+  // against `high` below. A smaller array goes to the walk.
+  if (high < kPlainDigits<U> + 1) return false;
+  const std::uint64_t negative = src[0] == T('-');
+  std::uint64_t acc = static_cast<C>(src[negative]) - std::uint64_t{'0'};
+  if (acc > 9) return false;
+  const T* p = src + negative + 1;
+  std::uint64_t c = static_cast<C>(*p);
+  // A single digit, frequent in counts and fields, is done without the loop, and fits.
+  fits = true;
+  if (c != 0) [[unlikely]] {
+    const T* const stop = p + (kPlainDigits<U> - 1);
+    while (c - '0' <= 9 && p < stop) {
+      acc = acc * 10 + (c - '0');
+      c = static_cast<C>(*++p);
+    }
+    if (c != 0) return false;
+    fits = acc <= limit;
+  }
+  magnitude = acc;
+  return true;
+}
+
 template <class S, class T>
-S ParseSigned(unsigned int high, const T* src, unsigned int base, unsigned char* ok) {
+[[gnu::noinline]] S ParseSignedWalk(unsigned int high, const T* src, unsigned int base,
+                                    unsigned char* ok) {
   using U = std::make_unsigned_t<S>;
   bool negative;
   const Walked<U> m = Magnitude<U>(high, src, base, negative);
@@ -124,11 +162,41 @@ S ParseSigned(unsigned int high, const T* src, unsigned int base, unsigned char*
 }
 
 template <class U, class T>
-U ParseUnsigned(unsigned int high, const T* src, unsigned int base, unsigned char* ok) {
+[[gnu::noinline]] U ParseUnsignedWalk(unsigned int high, const T* src, unsigned int base,
+                                      unsigned char* ok) {
   bool negative;
   const Walked<U> m = Magnitude<U>(high, src, base, negative);
   *ok = m.good && !negative ? 1 : 0;
   return m.value;
+}
+
+// The plain decimal text is done here without a frame; anything else goes on to the walk.
+template <class S, class T>
+[[gnu::always_inline]] inline S ParseSigned(unsigned int high, const T* src, unsigned int base,
+                                            unsigned char* ok) {
+  using U = std::make_unsigned_t<S>;
+  std::uint64_t magnitude;
+  bool fits;
+  // The range is symmetric, as in the walk.
+  if (base == 10 && PlainDecimal<U>(high, src, std::numeric_limits<S>::max(), magnitude, fits)) {
+    *ok = fits ? 1 : 0;
+    // Negated without a branch: the sign of a run of numbers is no pattern to predict.
+    const U flip = U{0} - U{src[0] == T('-')};
+    return static_cast<S>(static_cast<U>((static_cast<U>(magnitude) ^ flip) - flip));
+  }
+  return ParseSignedWalk<S>(high, src, base, ok);
+}
+
+template <class U, class T>
+[[gnu::always_inline]] inline U ParseUnsigned(unsigned int high, const T* src, unsigned int base,
+                                              unsigned char* ok) {
+  std::uint64_t magnitude;
+  bool fits;
+  if (base == 10 && PlainDecimal<U>(high, src, std::numeric_limits<U>::max(), magnitude, fits)) {
+    *ok = fits && src[0] != T('-') ? 1 : 0;
+    return static_cast<U>(magnitude);
+  }
+  return ParseUnsignedWalk<U>(high, src, base, ok);
 }
 
 }  // namespace

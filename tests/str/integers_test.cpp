@@ -126,6 +126,34 @@ TYPED_TEST(Integers, ParseEdges) {
   }
 }
 
+// Base 10 text ended by a NUL with room behind it, as item buffers come: the short way through
+// the digits, its limits, and each way out of it to the full walk.
+TYPED_TEST(Integers, ParseWithRoomBehind) {
+  const char *s = "012", *u = "345", *i = "0", *I = "12", *c = "3", *C = "45";
+  struct Row { std::u16string_view src; std::string_view result; int ok;
+               std::string_view ops = "012345"; };
+  const Row rows[] = {
+      {u"7", "7", 1},  {u"-7", "-7", 1, s},  {u"-7", "7", 0, u},  {u"+7", "7", 1},
+      {u"-", "0", 0},  {u"12 ", "12", 0},  {u"-2147483648", "-2147483648", 0, i},
+      {u"9999999999", "1410065407", 0, c},  {u"12345678901", "-539222987", 0, i},
+      {u"12345678901", "12345678901", 1, "1245"},
+      {u"9223372036854775808", "-9223372036854775808", 0, I},
+      {u"9999999999999999999", "9999999999999999999", 1, C},
+  };
+  for (const Row& r : rows) {
+    std::u16string text(r.src);
+    text.push_back(0);
+    text.resize(24, u'9');
+    const GuardedArray<TypeParam> src{std::u16string_view(text)};
+    for (Op op : kOps) {
+      if (r.ops.find(char('0' + op)) == std::string_view::npos) continue;
+      unsigned char ok = 7;
+      EXPECT_EQ(Parse(op, src.high(), src.data(), 10, &ok), r.result) << op << " " << src.Raw();
+      EXPECT_EQ(ok, r.ok) << op << " " << src.Raw();
+    }
+  }
+}
+
 // 0, +-1, the limits and the powers of the base +-1, negated too for the signed operations.
 std::vector<std::uint64_t> Edges(Op op, unsigned base) {
   const std::uint64_t top = Is32(op) ? 0xFFFFFFFFull : ~0ull;
@@ -155,8 +183,9 @@ TYPED_TEST(Integers, FormatKeepsTheLowDigitsThatFit) {
   }
 }
 
-// Formatted into an array it fills exactly (no NUL), matching std::to_chars, and read back; the
-// most negative value reads back right but with ok cleared, as the signed range is symmetric.
+// Formatted into an array it fills exactly (no NUL), matching std::to_chars, and read back, also
+// from a roomy array; the most negative value reads back right but with ok cleared, as the
+// signed range is symmetric.
 TYPED_TEST(Integers, RoundTrips) {
   std::mt19937_64 rng(20261123);
   for (Op op : kOps) for (unsigned base : {2u, 10u, 16u}) {
@@ -173,6 +202,11 @@ TYPED_TEST(Integers, RoundTrips) {
       const std::string back = Parse(op, unsigned(want.size() - 1), d.data(), base, &ok);
       ASSERT_EQ(back, Reference(op, v, 10)) << op << " " << want << " base " << base;
       const bool mostNegative = back == (op == kInt ? "-2147483648" : "-9223372036854775808");
+      ASSERT_EQ(ok, mostNegative ? 0 : 1) << op << " " << want << " base " << base;
+      // Again with a NUL and room behind it.
+      GuardedArray<TypeParam>& roomy = Dst<TypeParam>(79);
+      Format(op, v, 78, roomy.data(), base, &ok);
+      ASSERT_EQ(Parse(op, 78, roomy.data(), base, &ok), back) << op << " " << want;
       ASSERT_EQ(ok, mostNegative ? 0 : 1) << op << " " << want << " base " << base;
     }
   }
