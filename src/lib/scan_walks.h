@@ -516,7 +516,8 @@ inline std::uint64_t Count(const T* p, std::uint64_t n, T v) {
   return count;
 }
 
-// What MismatchShort returns when the areas are not ones it reads whole.
+// What a path for short areas (MismatchShort, the fronts) returns when it cannot answer: the
+// area is longer than it reads, or not where it may read it.
 inline constexpr std::uint64_t kLong = ~std::uint64_t{0};
 
 // Mismatch for areas of up to eight blocks that lie whole on the pages of their starts (and
