@@ -186,7 +186,8 @@ inline void TakeCodePage(FuzzedDataProvider& in) {
 }
 
 // The vector width of the library's scans for this input: 0 keeps the table chosen at load,
-// other values walk every width the CPU offers.
+// other values walk every width the CPU offers. The exports bound at load (the Lib scans and
+// compares, Str length, character positions and counts) keep the CPU's width.
 inline void TakeScanWidth(FuzzedDataProvider& in) {
   static const brelt::scan::Kernels* const loaded = &brelt::scan::Active();
   static const std::vector<test::KernelTable> tables = test::RunnableKernelTables();

@@ -1,54 +1,24 @@
 // Lib compares and scans: counts of elements passed before the first that meets the test.
+// Each is bound at load to its body for the CPU's vector width.
 #include "brelt/lib.h"
-#include "scan_kernels.h"
-
-namespace {
+#include "block_scans.h"
+#include "platform/bound_at_load.h"
 
 using brelt::UInt64;
-using Byte = unsigned char;
-using Word = unsigned short;
 
-const Byte* Bytes(const void* p) { return static_cast<const Byte*>(p); }
-const Word* Words(const void* p) { return static_cast<const Word*>(p); }
+#define BRELT_BOUND_BLOCK_SCAN(Name, Value)                                                \
+  BRELT_BOUND_AT_LOAD(Lib, Name, UInt64, (const void* p, UInt64 n, Value value), (p, n, value), \
+                      BRELT_BLOCK_SCAN_FOR_CPU(Name))
 
-}  // namespace
-
-namespace Lib {
-
-UInt64 Compare(const void* a, const void* b, UInt64 n) {
-  return brelt::scan::FirstDifference(Bytes(a), Bytes(b), n);
-}
-
-// Two Words are equal exactly when both of their bytes are, so the first differing byte
-// names the first differing Word.
-UInt64 WordCompare(const void* a, const void* b, UInt64 n) {
-  return brelt::scan::FirstDifference(Bytes(a), Bytes(b), 2 * n) / 2;
-}
-
-UInt64 ScanR(const void* p, UInt64 n, Byte value) {
-  return brelt::scan::FindEq(Bytes(p), n, value);
-}
-UInt64 ScanL(const void* p, UInt64 n, Byte value) {
-  return brelt::scan::FindEqBackward(Bytes(p), n, value);
-}
-UInt64 ScanNeR(const void* p, UInt64 n, Byte value) {
-  return brelt::scan::FindNe(Bytes(p), n, value);
-}
-UInt64 ScanNeL(const void* p, UInt64 n, Byte value) {
-  return brelt::scan::FindNeBackward(Bytes(p), n, value);
-}
-
-UInt64 WordScanR(const void* p, UInt64 n, Word value) {
-  return brelt::scan::FindEq(Words(p), n, value);
-}
-UInt64 WordScanL(const void* p, UInt64 n, Word value) {
-  return brelt::scan::FindEqBackward(Words(p), n, value);
-}
-UInt64 WordScanNeR(const void* p, UInt64 n, Word value) {
-  return brelt::scan::FindNe(Words(p), n, value);
-}
-UInt64 WordScanNeL(const void* p, UInt64 n, Word value) {
-  return brelt::scan::FindNeBackward(Words(p), n, value);
-}
-
-}  // namespace Lib
+BRELT_BOUND_AT_LOAD(Lib, Compare, UInt64, (const void* a, const void* b, UInt64 n), (a, b, n),
+                    BRELT_BLOCK_SCAN_FOR_CPU(Compare))
+BRELT_BOUND_AT_LOAD(Lib, WordCompare, UInt64, (const void* a, const void* b, UInt64 n),
+                    (a, b, n), BRELT_BLOCK_SCAN_FOR_CPU(WordCompare))
+BRELT_BOUND_BLOCK_SCAN(ScanR, unsigned char)
+BRELT_BOUND_BLOCK_SCAN(ScanL, unsigned char)
+BRELT_BOUND_BLOCK_SCAN(ScanNeR, unsigned char)
+BRELT_BOUND_BLOCK_SCAN(ScanNeL, unsigned char)
+BRELT_BOUND_BLOCK_SCAN(WordScanR, unsigned short)
+BRELT_BOUND_BLOCK_SCAN(WordScanL, unsigned short)
+BRELT_BOUND_BLOCK_SCAN(WordScanNeR, unsigned short)
+BRELT_BOUND_BLOCK_SCAN(WordScanNeL, unsigned short)

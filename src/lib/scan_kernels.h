@@ -30,6 +30,21 @@ struct Kernels {
   std::uint64_t (*first_difference)(const std::uint8_t*, const std::uint8_t*, std::uint64_t);
 };
 
+// The widest vector width this CPU runs. May be called while the library is still being
+// loaded, before its static objects exist.
+Width CpuWidth();
+
+// Of three forms of one thing, the one for this CPU's width; also for choosers that run while
+// the library loads.
+template <class F>
+[[gnu::no_sanitize_address]] F ForCpu(F sse2, F avx2, F avx512) {
+  switch (CpuWidth()) {
+    case Width::kAvx512: return avx512;
+    case Width::kAvx2: return avx2;
+    default: return sse2;
+  }
+}
+
 // The table for this CPU; the 16-byte one until load-time selection has run. A plain variable
 // rather than a call, so that the entries below reach their kernel with two loads.
 extern const Kernels* activeKernels;
@@ -197,5 +212,72 @@ template <Unit T>
   if (d) return static_cast<unsigned>(__builtin_ctzll(d));
   return kFront + Active().first_difference(a + kFront, b + kFront, n - kFront);
 }
+
+// The scans as a text operation calls them, picked by a template argument: through the table
+// chosen at load, after the inline front (Dispatched), or at one width fixed when the file is
+// compiled (Fixed), for bodies that are bound to the CPU at load.
+struct Dispatched {
+  template <Unit T>
+  static std::uint64_t FindEq(const T* p, std::uint64_t n, T v) {
+    return scan::FindEq(p, n, v);
+  }
+  template <Unit T>
+  static std::uint64_t FindNe(const T* p, std::uint64_t n, T v) {
+    return scan::FindNe(p, n, v);
+  }
+  template <Unit T>
+  static std::uint64_t FindEither(const T* p, std::uint64_t n, T a, T b) {
+    return scan::FindEither(p, n, a, b);
+  }
+  template <Unit T>
+  static std::uint64_t FindEqBackward(const T* last, std::uint64_t n, T v) {
+    return scan::FindEqBackward(last, n, v);
+  }
+  template <Unit T>
+  static std::uint64_t FindNeBackward(const T* last, std::uint64_t n, T v) {
+    return scan::FindNeBackward(last, n, v);
+  }
+  template <Unit T>
+  static std::uint64_t CountEq(const T* p, std::uint64_t n, T v) {
+    return scan::CountEq(p, n, v);
+  }
+  static std::uint64_t FirstDifference(const std::uint8_t* a, const std::uint8_t* b,
+                                       std::uint64_t n) {
+    return scan::FirstDifference(a, b, n);
+  }
+};
+
+template <Width w>
+struct Fixed {
+  using K = KernelSet<typename VectorOf<w>::type>;
+  template <Unit T>
+  [[gnu::always_inline]] static std::uint64_t FindEq(const T* p, std::uint64_t n, T v) {
+    return K::FindEq(AsRaw(p), n, AsRaw(v));
+  }
+  template <Unit T>
+  [[gnu::always_inline]] static std::uint64_t FindNe(const T* p, std::uint64_t n, T v) {
+    return K::FindNe(AsRaw(p), n, AsRaw(v));
+  }
+  template <Unit T>
+  [[gnu::always_inline]] static std::uint64_t FindEither(const T* p, std::uint64_t n, T a, T b) {
+    return K::FindEither(AsRaw(p), n, AsRaw(a), AsRaw(b));
+  }
+  template <Unit T>
+  [[gnu::always_inline]] static std::uint64_t FindEqBackward(const T* last, std::uint64_t n, T v) {
+    return K::FindEqBack(AsRaw(last), n, AsRaw(v));
+  }
+  template <Unit T>
+  [[gnu::always_inline]] static std::uint64_t FindNeBackward(const T* last, std::uint64_t n, T v) {
+    return K::FindNeBack(AsRaw(last), n, AsRaw(v));
+  }
+  template <Unit T>
+  [[gnu::always_inline]] static std::uint64_t CountEq(const T* p, std::uint64_t n, T v) {
+    return K::CountEq(AsRaw(p), n, AsRaw(v));
+  }
+  [[gnu::always_inline]] static std::uint64_t FirstDifference(const std::uint8_t* a, const std::uint8_t* b,
+                                       std::uint64_t n) {
+    return K::FirstDifference(a, b, n);
+  }
+};
 
 }  // namespace brelt::scan

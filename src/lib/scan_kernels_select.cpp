@@ -9,16 +9,19 @@ const Kernels* activeKernels = &kSse2Kernels;
 namespace {
 
 [[maybe_unused]] const bool selected = [] {
-  __builtin_cpu_init();
-  if (__builtin_cpu_supports("avx512bw")) {
-    activeKernels = &kAvx512Kernels;
-  } else if (__builtin_cpu_supports("avx2")) {
-    activeKernels = &kAvx2Kernels;
-  }
+  activeKernels = ForCpu(&kSse2Kernels, &kAvx2Kernels, &kAvx512Kernels);
   return true;
 }();
 
 }  // namespace
+
+// Not checked by the address sanitizer, which may not be set up yet when this runs.
+[[gnu::no_sanitize_address]] Width CpuWidth() {
+  __builtin_cpu_init();
+  if (__builtin_cpu_supports("avx512bw")) return Width::kAvx512;
+  if (__builtin_cpu_supports("avx2")) return Width::kAvx2;
+  return Width::kSse2;
+}
 
 void UseKernels(const Kernels& k) { activeKernels = &k; }
 

@@ -12,6 +12,9 @@
 
 namespace brelt::scan {
 
+// The vector widths that walks are compiled for.
+enum class Width { kSse2, kAvx2, kAvx512 };
+
 // One bit per byte of a block, bit 0 for its lowest byte.
 using Bits = std::uint64_t;
 
@@ -112,6 +115,26 @@ struct Avx512 {
     if constexpr (sizeof(T) == 1) return _mm512_testn_epi8_mask(key, key);
     else return Mask(_mm512_movm_epi16(_mm512_testn_epi16_mask(key, key)));
   }
+};
+#endif
+
+// The vector type of a width, where the file is compiled for it.
+template <Width w>
+struct VectorOf;
+template <>
+struct VectorOf<Width::kSse2> {
+  using type = Sse2;
+};
+#if defined(__AVX2__)
+template <>
+struct VectorOf<Width::kAvx2> {
+  using type = Avx2;
+};
+#endif
+#if defined(__AVX512BW__)
+template <>
+struct VectorOf<Width::kAvx512> {
+  using type = Avx512;
 };
 #endif
 
@@ -253,14 +276,15 @@ inline unsigned LastHit(const std::uint8_t* at, unsigned blocks, const Test& tes
   return k + 63u - static_cast<unsigned>(__builtin_clzll(m));
 }
 
-// An area of up to eight blocks whose page holds it whole (and a block from its start) is
-// read in one test. Up to a block it is one block, past the area's end masked off; longer
-// ones are covered by blocks from the start and blocks that end with the area, overlapping in
-// the middle, so that no lane outside the area is looked at. Offset of the first hit (for
-// AreaLast: bytes from the top down to the last hit), or `size` when there is none.
+// The rest of an area of more than one and up to eight blocks, whose page holds it whole and
+// whose first block (at its start; for AreaLastRest, the one that ends with it) was found
+// clean: read in one test, covered by blocks from the start and blocks that end with the
+// area, overlapping in the middle, so that no lane outside the area is looked at. Offset of
+// the first hit (for AreaLastRest: bytes from the top down to the last hit), or `size` when
+// there is none.
 template <class W, class T, class Test>
-[[gnu::always_inline]] inline std::uint64_t AreaFirst(const std::uint8_t* at, std::uint64_t size,
-                                                      const Test& test) {
+[[gnu::always_inline]] inline std::uint64_t AreaRest(const std::uint8_t* at, std::uint64_t size,
+                                                     const Test& test) {
   constexpr unsigned B = W::kBytes;
   auto fold = [](auto x, auto y) BRELT_INLINE_LAMBDA { return Fold<W, T, Test>(x, y); };
   auto key = [&](std::uint64_t off) BRELT_INLINE_LAMBDA {
@@ -272,14 +296,6 @@ template <class W, class T, class Test>
   auto ctz = [](Bits m) BRELT_INLINE_LAMBDA {
     return static_cast<unsigned>(__builtin_ctzll(m));
   };
-  if (size <= B) {
-    Bits m = first(0);
-    if (size < 64) m |= Bits{1} << size;
-    return m ? ctz(m) : size;
-  }
-  // A text that ends early ends in the first block: that one is tested on its own.
-  const auto key0 = key(0);
-  if (const Bits m = LaneHits<W, T, Test>(key0)) return ctz(m);
   const std::uint64_t tail = size - B;  // the block that ends with the area
   if (size <= 2 * B) {
     const Bits m = first(tail);
@@ -292,17 +308,18 @@ template <class W, class T, class Test>
     return tail + ctz(first(tail));
   }
   const std::uint64_t high = size - 4 * B;  // the group that ends with the area
-  auto folded = fold(fold(fold(key0, key(B)), fold(key(2 * B), key(3 * B))),
-                     GroupKey<W, T>(at + high, test));
+  auto folded = fold(fold(key(B), fold(key(2 * B), key(3 * B))), GroupKey<W, T>(at + high, test));
   if (LaneHits<W, T, Test>(folded) == 0) return size;
-  if (GroupHit<W, T>(at, test)) return FirstHit<W, T>(at, test);
+  for (std::uint64_t off = B; off < 4 * B; off += B) {
+    if (Bits m = first(off)) return off + ctz(m);
+  }
   return high + FirstHit<W, T>(at + high, test);
 }
 
 // `end` is one past the area.
 template <class W, class T, class Test>
-[[gnu::always_inline]] inline std::uint64_t AreaLast(const std::uint8_t* end, std::uint64_t size,
-                                                     const Test& test) {
+[[gnu::always_inline]] inline std::uint64_t AreaLastRest(const std::uint8_t* end,
+                                                         std::uint64_t size, const Test& test) {
   constexpr unsigned B = W::kBytes;
   auto fold = [](auto x, auto y) BRELT_INLINE_LAMBDA { return Fold<W, T, Test>(x, y); };
   // Blocks are named by how far their start lies below end.
@@ -315,13 +332,6 @@ template <class W, class T, class Test>
   auto below = [](std::uint64_t down, Bits m) BRELT_INLINE_LAMBDA {
     return down - 1 - (63u - static_cast<unsigned>(__builtin_clzll(m)));
   };
-  if (size <= B) {
-    Bits m = hits(B);
-    if (size < B) m |= Bits{1} << (B - 1 - size);
-    return m ? below(B, m) : size;
-  }
-  const auto keyTop = key(B);
-  if (const Bits m = LaneHits<W, T, Test>(keyTop)) return below(B, m);
   if (size <= 2 * B) {
     const Bits m = hits(size);
     return m ? below(size, m) : size;
@@ -332,12 +342,13 @@ template <class W, class T, class Test>
     if (Bits m = hits(size - B)) return below(size - B, m);
     return below(size, hits(size));
   }
-  const std::uint8_t* top = end - 4 * B;
   const std::uint8_t* low = end - size;
-  auto folded = fold(fold(fold(keyTop, key(2 * B)), fold(key(3 * B), key(4 * B))),
-                     GroupKey<W, T>(low, test));
+  auto folded =
+      fold(fold(key(2 * B), fold(key(3 * B), key(4 * B))), GroupKey<W, T>(low, test));
   if (LaneHits<W, T, Test>(folded) == 0) return size;
-  if (GroupHit<W, T>(top, test)) return 4 * B - 1 - LastHit<W, T>(top, 4, test);
+  for (std::uint64_t down = 2 * B; down <= 4 * B; down += B) {
+    if (Bits m = hits(down)) return below(down, m);
+  }
   return size - 1 - LastHit<W, T>(low, 4, test);
 }
 
@@ -350,7 +361,8 @@ inline std::uintptr_t AreaEnd(const void* at, std::uint64_t bytes) {
 
 inline std::uintptr_t PageStart(std::uintptr_t a) { return a & ~std::uintptr_t{4095}; }
 
-// First element in p[0..n) that the test hits, or n, for areas that AreaFirst does not take.
+// First element in p[0..n) that the test hits, or n, for areas that KernelSet::Up does not
+// answer.
 //
 // The walk tests four blocks at a time, a group that never crosses a page, so that a walk that
 // ends at a NUL just before an unreadable page never touches that page. The first group is
@@ -415,7 +427,7 @@ template <class W, class T, class Test>
 }
 
 // Walking down from `last` over n elements: how many are passed before the first hit, or n,
-// for areas that AreaLast does not take. The mirror of Forward: the first group ends where
+// for areas that KernelSet::Down does not answer. The mirror of Forward: the first group ends where
 // the area does when its page has room, later ones end on block boundaries.
 template <class W, class T, class Test>
 [[gnu::always_inline]] BRELT_WHOLE_BLOCK_READS inline std::uint64_t Backward(const T* last,
@@ -537,7 +549,7 @@ template <class W>
     return static_cast<unsigned>(__builtin_ctzll(differ(0) | Bits{1} << n));
   }
   if (n >= B && n <= 8 * B && room >= n) {
-    // Read whole, in blocks from the start and blocks that end with the areas, as AreaFirst.
+    // Read whole, in blocks from the start and blocks that end with the areas, as AreaRest.
     auto eq = [&](std::uint64_t at) BRELT_INLINE_LAMBDA {
       return W::Eq(LoadOnce<W>(a + at), LoadOnce<W>(b + at), std::uint8_t{});
     };
@@ -602,80 +614,96 @@ template <class W>
   return n;
 }
 
-// Whether an area of n elements at `address` is one for AreaFirst/AreaLast: not empty, in whole
-// lanes, at most eight blocks, and with `room` (bytes on its page in the walk's direction)
-// for all of it and for one block.
-template <class W, class T>
-[[gnu::always_inline]] inline bool WholeArea(std::uint64_t room, std::uintptr_t address,
-                                             std::uint64_t n) {
-  return n - 1 < 8 * W::kBytes / sizeof(T) && room >= n * sizeof(T) && room >= W::kBytes &&
-         address % sizeof(T) == 0;
-}
-
-// The table entries for one width.
+// The table entries for one width; inline in the bodies that are compiled per width.
 template <class W>
 struct KernelSet {
   template <class T>
-  static std::uint64_t FindEq(const T* p, std::uint64_t n, T v) {
+  [[gnu::always_inline]] static std::uint64_t FindEq(const T* p, std::uint64_t n, T v) {
     if (v == T{0}) return Up<IsZero<W, T>>(p, n);
     return Up<IsValue<W, T>>(p, n, v);
   }
   template <class T>
-  static std::uint64_t FindNe(const T* p, std::uint64_t n, T v) {
+  [[gnu::always_inline]] static std::uint64_t FindNe(const T* p, std::uint64_t n, T v) {
     return Up<IsNotValue<W, T>>(p, n, v);
   }
   template <class T>
-  static std::uint64_t FindEither(const T* p, std::uint64_t n, T a, T b) {
+  [[gnu::always_inline]] static std::uint64_t FindEither(const T* p, std::uint64_t n, T a, T b) {
     if (a == T{0}) return Up<IsZeroOrValue<W, T>>(p, n, b);
     if (b == T{0}) return Up<IsZeroOrValue<W, T>>(p, n, a);
     return Up<IsEither<W, T>>(p, n, a, b);
   }
   template <class T>
-  static std::uint64_t FindEqBack(const T* last, std::uint64_t n, T v) {
+  [[gnu::always_inline]] static std::uint64_t FindEqBack(const T* last, std::uint64_t n, T v) {
     return Down<IsValue<W, T>>(last, n, v);
   }
   template <class T>
-  static std::uint64_t FindNeBack(const T* last, std::uint64_t n, T v) {
+  [[gnu::always_inline]] static std::uint64_t FindNeBack(const T* last, std::uint64_t n, T v) {
     return Down<IsNotValue<W, T>>(last, n, v);
   }
   template <class T>
-  static std::uint64_t CountEq(const T* p, std::uint64_t n, T v) {
+  [[gnu::always_inline]] static std::uint64_t CountEq(const T* p, std::uint64_t n, T v) {
     return Count<W>(p, n, v);
   }
-  static std::uint64_t FirstDifference(const std::uint8_t* a, const std::uint8_t* b,
+  [[gnu::always_inline]] static std::uint64_t FirstDifference(const std::uint8_t* a, const std::uint8_t* b,
                                        std::uint64_t n) {
     if (const std::uint64_t i = MismatchShort<W>(a, b, n); i != kLong) return i;
     return Mismatch<W>(a, b, n);
   }
 
  private:
-  // Areas read whole are answered here, without a frame; the long walks are calls of their
-  // own, made last.
+  // The block where the area starts (for Down: the one that ends with it) is looked at
+  // first, where its page holds it: most texts end there, also in long arrays. Areas of up
+  // to eight blocks that their page holds whole are answered here too, without a frame; the
+  // long walks are calls of their own, made last (told how many elements were found clean,
+  // so that the call is the entry's last step).
   template <class Test, class T, class... Values>
   [[gnu::always_inline]] static std::uint64_t Up(const T* p, std::uint64_t n, Values... v) {
+    constexpr std::uint64_t per = W::kBytes / sizeof(T);
     const auto* at = reinterpret_cast<const std::uint8_t*>(p);
-    if (WholeArea<W, T>(PageRoom(at), reinterpret_cast<std::uintptr_t>(p), n)) {
-      return AreaFirst<W, T>(at, n * sizeof(T), Test(v...)) / sizeof(T);
+    const std::uint64_t room = PageRoom(at);
+    if (n == 0 || room < W::kBytes || reinterpret_cast<std::uintptr_t>(p) % sizeof(T) != 0) {
+      return UpLong<Test>(p, n, 0, v...);
     }
-    return UpLong<Test>(p, n, v...);
+    const Test test(v...);
+    Bits m = BlockHits<W, T>(at, test);
+    // A hit just past the area's end stands for "none".
+    if (n < per) m |= Bits{1} << (n * sizeof(T));
+    if (m) return static_cast<unsigned>(__builtin_ctzll(m)) / sizeof(T);
+    if (n <= per) return n;
+    if (n <= 8 * per && room >= n * sizeof(T)) {
+      return AreaRest<W, T>(at, n * sizeof(T), test) / sizeof(T);
+    }
+    return UpLong<Test>(p, n, per, v...);
   }
   template <class Test, class T, class... Values>
-  [[gnu::noinline]] static std::uint64_t UpLong(const T* p, std::uint64_t n, Values... v) {
-    return Forward<W>(p, n, Test(v...));
+  [[gnu::noinline]] static std::uint64_t UpLong(const T* p, std::uint64_t n, std::uint64_t done,
+                                                Values... v) {
+    return done + Forward<W>(p + done, n - done, Test(v...));
   }
   template <class Test, class T, class... Values>
   [[gnu::always_inline]] static std::uint64_t Down(const T* last, std::uint64_t n, Values... v) {
+    constexpr unsigned B = W::kBytes;
+    constexpr std::uint64_t per = B / sizeof(T);
     const auto* end = reinterpret_cast<const std::uint8_t*>(last + 1);
-    const std::uint64_t room = static_cast<std::uint64_t>(
-        (reinterpret_cast<std::uintptr_t>(end - 1) & 4095) + 1);
-    if (WholeArea<W, T>(room, reinterpret_cast<std::uintptr_t>(last), n)) {
-      return AreaLast<W, T>(end, n * sizeof(T), Test(v...)) / sizeof(T);
+    const std::uint64_t room = (reinterpret_cast<std::uintptr_t>(end - 1) & 4095) + 1;
+    if (n == 0 || room < B || reinterpret_cast<std::uintptr_t>(last) % sizeof(T) != 0) {
+      return DownLong<Test>(last, n, 0, v...);
     }
-    return DownLong<Test>(last, n, v...);
+    const Test test(v...);
+    Bits m = BlockHits<W, T>(end - B, test);
+    // Bit B - 1 is the top byte of `last`; below the area a hit stands for "none".
+    if (n < per) m |= Bits{1} << (B - 1 - n * sizeof(T));
+    if (m) return (B - 1 - (63u - static_cast<unsigned>(__builtin_clzll(m)))) / sizeof(T);
+    if (n <= per) return n;
+    if (n <= 8 * per && room >= n * sizeof(T)) {
+      return AreaLastRest<W, T>(end, n * sizeof(T), test) / sizeof(T);
+    }
+    return DownLong<Test>(last, n, per, v...);
   }
   template <class Test, class T, class... Values>
-  [[gnu::noinline]] static std::uint64_t DownLong(const T* last, std::uint64_t n, Values... v) {
-    return Backward<W>(last, n, Test(v...));
+  [[gnu::noinline]] static std::uint64_t DownLong(const T* last, std::uint64_t n,
+                                                  std::uint64_t done, Values... v) {
+    return done + Backward<W>(last - done, n - done, Test(v...));
   }
 };
 

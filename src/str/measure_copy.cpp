@@ -2,6 +2,8 @@
 #include "brelt/lib.h"
 #include "brelt/str/core.h"
 #include "bounded.h"
+#include "platform/bound_at_load.h"
+#include "text_scans.h"
 
 namespace {
 
@@ -56,14 +58,12 @@ void Concat(unsigned int dstHigh, T* dst, unsigned int aHigh, const T* a, unsign
 
 }  // namespace
 
-namespace Str {
+BRELT_BOUND_AT_LOAD(Str, LengthA, unsigned int, (unsigned int high, const char* s), (high, s),
+                    BRELT_TEXT_SCAN_FOR_CPU(LengthA))
+BRELT_BOUND_AT_LOAD(Str, LengthW, unsigned int, (unsigned int high, const WChar* s), (high, s),
+                    BRELT_TEXT_SCAN_FOR_CPU(LengthW))
 
-unsigned int LengthA(unsigned int high, const char* s) {
-  return static_cast<unsigned int>(MeasuredLength(high, s));
-}
-unsigned int LengthW(unsigned int high, const WChar* s) {
-  return static_cast<unsigned int>(MeasuredLength(high, s));
-}
+namespace Str {
 
 void CopyA(unsigned int dstHigh, char* dst, unsigned int srcHigh, const char* src) {
   Copy(dstHigh, dst, srcHigh, src);

@@ -1,0 +1,30 @@
+// Exported operations whose body is chosen for the CPU once, while the library loads.
+#pragma once
+
+// BRELT_BOUND_AT_LOAD(Space, Name, Ret, Params, Args, Body) defines the exported function
+// Space::Name, declared in a public header as `Ret Name Params`. `Body` is an expression that
+// names the body for this CPU: a function of the same type. It may be evaluated before any of
+// the library's static objects are initialised, so it may use constants only.
+//
+// An ELF object resolves the symbol itself to the body (an indirect function), so that a call
+// reaches the body with no step between. Elsewhere the export calls the body that `Body`
+// named on the first call.
+#if defined(__ELF__)
+#define BRELT_BOUND_AT_LOAD(Space, Name, Ret, Params, Args, Body)                           \
+  extern "C" {                                                                              \
+  [[gnu::used, gnu::no_sanitize_address]] static auto brelt_pick_##Space##_##Name() {       \
+    return Body;                                                                            \
+  }                                                                                         \
+  }                                                                                         \
+  namespace Space {                                                                         \
+  Ret Name Params __attribute__((ifunc("brelt_pick_" #Space "_" #Name)));                   \
+  }
+#else
+#define BRELT_BOUND_AT_LOAD(Space, Name, Ret, Params, Args, Body) \
+  namespace Space {                                               \
+  Ret Name Params {                                               \
+    static const auto body = Body;                                \
+    return body Args;                                             \
+  }                                                               \
+  }
+#endif
