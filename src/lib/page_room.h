@@ -12,4 +12,9 @@ inline std::uint64_t PageRoom(const void* p) {
   return 4096 - (reinterpret_cast<std::uintptr_t>(p) & 4095);
 }
 
+// Where p stands in its 4 KiB page.
+inline std::uint64_t PageOffset(const void* p) {
+  return reinterpret_cast<std::uintptr_t>(p) & 4095;
+}
+
 }  // namespace brelt::scan

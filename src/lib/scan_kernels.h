@@ -217,6 +217,7 @@ template <Unit T>
 // chosen at load, after the inline front (Dispatched), or at one width fixed when the file is
 // compiled (Fixed), for bodies that are bound to the CPU at load.
 struct Dispatched {
+  static constexpr bool kDefers = false;
   template <Unit T>
   static std::uint64_t FindEq(const T* p, std::uint64_t n, T v) {
     return scan::FindEq(p, n, v);
@@ -247,9 +248,12 @@ struct Dispatched {
   }
 };
 
-template <Width w>
+// With kDefer, every scan that would need the long walks gives kLong instead, for a body that
+// answers short texts inline and leaves the rest to a call of its own.
+template <Width w, bool kDefer = false>
 struct Fixed {
-  using K = KernelSet<typename VectorOf<w>::type>;
+  static constexpr bool kDefers = kDefer;
+  using K = KernelSet<typename VectorOf<w>::type, kDefer>;
   template <Unit T>
   [[gnu::always_inline]] static std::uint64_t FindEq(const T* p, std::uint64_t n, T v) {
     return K::FindEq(AsRaw(p), n, AsRaw(v));

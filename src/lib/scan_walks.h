@@ -494,7 +494,7 @@ template <class W, class T, class Test>
 
 // How many of p[0..n) equal v; reads only the area, and the page of its end.
 template <class W, class T>
-inline std::uint64_t Count(const T* p, std::uint64_t n, T v) {
+[[gnu::always_inline]] inline std::uint64_t Count(const T* p, std::uint64_t n, T v) {
   constexpr std::uint64_t per = W::kBytes / sizeof(T);
   const auto want = W::Splat(v);
   auto hits = [&](const T* at) BRELT_INLINE_LAMBDA {
@@ -614,12 +614,14 @@ template <class W>
   return n;
 }
 
-// The table entries for one width; inline in the bodies that are compiled per width.
-template <class W>
+// The table entries for one width; inline in the bodies that are compiled per width. With
+// kDefer, what the long walks would answer is left to the caller: kLong.
+template <class W, bool kDefer = false>
 struct KernelSet {
   template <class T>
   [[gnu::always_inline]] static std::uint64_t FindEq(const T* p, std::uint64_t n, T v) {
-    if (v == T{0}) return Up<IsZero<W, T>>(p, n);
+    // Zero, which texts end with, needs no value to compare against.
+    if (v == T{0}) [[unlikely]] return Up<IsZero<W, T>>(p, n);
     return Up<IsValue<W, T>>(p, n, v);
   }
   template <class T>
@@ -629,7 +631,7 @@ struct KernelSet {
   template <class T>
   [[gnu::always_inline]] static std::uint64_t FindEither(const T* p, std::uint64_t n, T a, T b) {
     if (a == T{0}) return Up<IsZeroOrValue<W, T>>(p, n, b);
-    if (b == T{0}) return Up<IsZeroOrValue<W, T>>(p, n, a);
+    if (b == T{0}) [[unlikely]] return Up<IsZeroOrValue<W, T>>(p, n, a);
     return Up<IsEither<W, T>>(p, n, a, b);
   }
   template <class T>
@@ -642,11 +644,14 @@ struct KernelSet {
   }
   template <class T>
   [[gnu::always_inline]] static std::uint64_t CountEq(const T* p, std::uint64_t n, T v) {
+    if (kDefer && n > 8 * W::kBytes / sizeof(T)) return kLong;
     return Count<W>(p, n, v);
   }
-  [[gnu::always_inline]] static std::uint64_t FirstDifference(const std::uint8_t* a, const std::uint8_t* b,
-                                       std::uint64_t n) {
-    if (const std::uint64_t i = MismatchShort<W>(a, b, n); i != kLong) return i;
+  [[gnu::always_inline]] static std::uint64_t FirstDifference(const std::uint8_t* a,
+                                                              const std::uint8_t* b,
+                                                              std::uint64_t n) {
+    const std::uint64_t i = MismatchShort<W>(a, b, n);
+    if (kDefer || i != kLong) return i;
     return Mismatch<W>(a, b, n);
   }
 
@@ -658,22 +663,27 @@ struct KernelSet {
   // so that the call is the entry's last step).
   template <class Test, class T, class... Values>
   [[gnu::always_inline]] static std::uint64_t Up(const T* p, std::uint64_t n, Values... v) {
-    constexpr std::uint64_t per = W::kBytes / sizeof(T);
+    constexpr unsigned B = W::kBytes;
+    constexpr std::uint64_t per = B / sizeof(T);
     const auto* at = reinterpret_cast<const std::uint8_t*>(p);
-    const std::uint64_t room = PageRoom(at);
-    if (n == 0 || room < W::kBytes || reinterpret_cast<std::uintptr_t>(p) % sizeof(T) != 0) {
-      return UpLong<Test>(p, n, 0, v...);
+    if (n == 0) return 0;
+    if (PageOffset(at) > 4096 - B || reinterpret_cast<std::uintptr_t>(p) % sizeof(T) != 0)
+        [[unlikely]] {
+      return kDefer ? kLong : UpLong<Test>(p, n, 0, v...);
     }
     const Test test(v...);
-    Bits m = BlockHits<W, T>(at, test);
+    const Bits m = BlockHits<W, T>(at, test);
     // A hit just past the area's end stands for "none".
-    if (n < per) m |= Bits{1} << (n * sizeof(T));
-    if (m) return static_cast<unsigned>(__builtin_ctzll(m)) / sizeof(T);
-    if (n <= per) return n;
-    if (n <= 8 * per && room >= n * sizeof(T)) {
+    auto first = [](Bits hits) BRELT_INLINE_LAMBDA {
+      return static_cast<unsigned>(__builtin_ctzll(hits)) / sizeof(T);
+    };
+    if (n < per) return first(m | Bits{1} << (n * sizeof(T)));
+    if (m) return first(m);
+    if (n == per) return n;
+    if (n <= 8 * per && PageRoom(at) >= n * sizeof(T)) {
       return AreaRest<W, T>(at, n * sizeof(T), test) / sizeof(T);
     }
-    return UpLong<Test>(p, n, per, v...);
+    return kDefer ? kLong : UpLong<Test>(p, n, per, v...);
   }
   template <class Test, class T, class... Values>
   [[gnu::noinline]] static std::uint64_t UpLong(const T* p, std::uint64_t n, std::uint64_t done,
@@ -685,20 +695,25 @@ struct KernelSet {
     constexpr unsigned B = W::kBytes;
     constexpr std::uint64_t per = B / sizeof(T);
     const auto* end = reinterpret_cast<const std::uint8_t*>(last + 1);
-    const std::uint64_t room = (reinterpret_cast<std::uintptr_t>(end - 1) & 4095) + 1;
-    if (n == 0 || room < B || reinterpret_cast<std::uintptr_t>(last) % sizeof(T) != 0) {
-      return DownLong<Test>(last, n, 0, v...);
+    if (n == 0) return 0;
+    // The bytes of the page of `last` up to and including it.
+    const std::uint64_t room = PageOffset(end - 1) + 1;
+    if (room < B || reinterpret_cast<std::uintptr_t>(last) % sizeof(T) != 0) [[unlikely]] {
+      return kDefer ? kLong : DownLong<Test>(last, n, 0, v...);
     }
     const Test test(v...);
-    Bits m = BlockHits<W, T>(end - B, test);
+    const Bits m = BlockHits<W, T>(end - B, test);
+    auto passed = [](Bits hits) BRELT_INLINE_LAMBDA {
+      return (B - 1 - (63u - static_cast<unsigned>(__builtin_clzll(hits)))) / sizeof(T);
+    };
     // Bit B - 1 is the top byte of `last`; below the area a hit stands for "none".
-    if (n < per) m |= Bits{1} << (B - 1 - n * sizeof(T));
-    if (m) return (B - 1 - (63u - static_cast<unsigned>(__builtin_clzll(m)))) / sizeof(T);
-    if (n <= per) return n;
+    if (n < per) return passed(m | Bits{1} << (B - 1 - n * sizeof(T)));
+    if (m) return passed(m);
+    if (n == per) return n;
     if (n <= 8 * per && room >= n * sizeof(T)) {
       return AreaLastRest<W, T>(end, n * sizeof(T), test) / sizeof(T);
     }
-    return DownLong<Test>(last, n, per, v...);
+    return kDefer ? kLong : DownLong<Test>(last, n, per, v...);
   }
   template <class Test, class T, class... Values>
   [[gnu::noinline]] static std::uint64_t DownLong(const T* last, std::uint64_t n,

@@ -1,8 +1,7 @@
 // The character scans of a bounded string: its length, the first and last place of a
 // character before its end, and how often a character occurs there. Written once over the
 // scans they use: scan::Dispatched, or scan::Fixed for the bodies of the exports, which are
-// compiled once per vector width (text_scans_<width>.cpp) and bound to the CPU at load. All
-// inline, so that each body is one function.
+// compiled once per vector width (text_scans_<width>.cpp) and bound to the CPU at load.
 #pragma once
 
 #include "brelt/config.h"
@@ -10,41 +9,82 @@
 
 namespace brelt::str {
 
-template <class S, class T>
-[[gnu::always_inline]] inline unsigned int Length(unsigned int high, const T* s) {
-  return static_cast<unsigned int>(S::FindEq(s, Capacity(high), T{0}));
-}
+// Each scan is an operation over the scans S it uses. With scans that defer (S::kDefers), a
+// scan that would need the long walks makes the operation give kLong as well.
+#define BRELT_PASS_ON_DEFERRED(S, r) \
+  if constexpr (S::kDefers) {        \
+    if ((r) == scan::kLong) return scan::kLong; \
+  }
+
+struct LengthOp {
+  template <class S, class T>
+  [[gnu::always_inline]] static std::uint64_t Run(unsigned int high, const T* s) {
+    return S::FindEq(s, Capacity(high), T{0});
+  }
+};
 
 // First ch at or behind start, stopping at the first NUL; NUL itself is never found.
-template <class S, class T>
-[[gnu::always_inline]] inline unsigned int NextCharPos(unsigned int high, const T* s, T ch, std::uint64_t start) {
-  const std::uint64_t n = Capacity(high);
-  if (start >= n) return kNotFound;
-  const std::uint64_t i = start + S::FindEither(s + start, n - start, T{0}, ch);
-  if (i >= n || s[i] == T{0}) return kNotFound;
-  return static_cast<unsigned int>(i);
-}
+struct CharPosOp {
+  template <class S, class T>
+  [[gnu::always_inline]] static std::uint64_t Run(unsigned int high, const T* s, T ch,
+                                                  std::uint64_t start) {
+    const std::uint64_t n = Capacity(high);
+    if (start >= n) return kNotFound;
+    const std::uint64_t at = S::FindEither(s + start, n - start, T{0}, ch);
+    BRELT_PASS_ON_DEFERRED(S, at)
+    const std::uint64_t i = start + at;
+    if (i >= n || s[i] == T{0}) return kNotFound;
+    return i;
+  }
+};
 
 // One walk to the first ch or the end: a text without ch is read once. From the first ch
 // on, the end is found and the walk goes back from it to the last ch.
-template <class S, class T>
-[[gnu::always_inline]] inline unsigned int RCharPos(unsigned int high, const T* s, T ch) {
-  if (ch == T{0}) return kNotFound;
-  const std::uint64_t n = Capacity(high);
-  // A short text is answered from one look at its start.
-  if (const std::uint64_t i = scan::FrontLastBeforeEnd(s, n, ch); i != scan::kLong) {
-    return i == n ? kNotFound : static_cast<unsigned int>(i);
+struct RCharPosOp {
+  template <class S, class T>
+  [[gnu::always_inline]] static std::uint64_t Run(unsigned int high, const T* s, T ch) {
+    if (ch == T{0}) return kNotFound;
+    const std::uint64_t n = Capacity(high);
+    // A short text is answered from one look at its start.
+    if (const std::uint64_t i = scan::FrontLastBeforeEnd(s, n, ch); i != scan::kLong) {
+      return i == n ? kNotFound : i;
+    }
+    const std::uint64_t first = S::FindEither(s, n, T{0}, ch);
+    BRELT_PASS_ON_DEFERRED(S, first)
+    if (first >= n || s[first] == T{0}) return kNotFound;
+    const std::uint64_t rest = S::FindEq(s + first + 1, n - first - 1, T{0});
+    BRELT_PASS_ON_DEFERRED(S, rest)
+    const std::uint64_t len = first + 1 + rest;
+    const std::uint64_t back = S::FindEqBackward(s + len - 1, len - first, ch);
+    BRELT_PASS_ON_DEFERRED(S, back)
+    return len - 1 - back;
   }
-  const std::uint64_t first = S::FindEither(s, n, T{0}, ch);
-  if (first >= n || s[first] == T{0}) return kNotFound;
-  const std::uint64_t len = first + 1 + S::FindEq(s + first + 1, n - first - 1, T{0});
-  const std::uint64_t back = S::FindEqBackward(s + len - 1, len - first, ch);
-  return static_cast<unsigned int>(len - 1 - back);
+};
+
+struct CountOp {
+  template <class S, class T>
+  [[gnu::always_inline]] static std::uint64_t Run(unsigned int high, const T* s, T ch) {
+    const std::uint64_t len = S::FindEq(s, Capacity(high), T{0});
+    BRELT_PASS_ON_DEFERRED(S, len)
+    return S::CountEq(s, len, ch);
+  }
+};
+
+#undef BRELT_PASS_ON_DEFERRED
+
+// An operation at one width whose scans all take the long walks, as a call of its own.
+template <scan::Width w, class Op, class... A>
+[[gnu::noinline]] unsigned int LongRun(A... a) {
+  return static_cast<unsigned int>(Op::template Run<scan::Fixed<w>>(a...));
 }
 
-template <class S, class T>
-[[gnu::always_inline]] inline unsigned int Count(unsigned int high, const T* s, T ch) {
-  return static_cast<unsigned int>(S::CountEq(s, S::FindEq(s, Capacity(high), T{0}), ch));
+// An operation at one width: answered inline where its scans need no long walk, by LongRun
+// otherwise. That call is the body's last step, so the body needs no frame.
+template <scan::Width w, class Op, class... A>
+[[gnu::always_inline]] inline unsigned int ShortRun(A... a) {
+  const std::uint64_t r = Op::template Run<scan::Fixed<w, true>>(a...);
+  if (r != scan::kLong) [[likely]] return static_cast<unsigned int>(r);
+  return LongRun<w, Op>(a...);
 }
 
 // The exported scans at one vector width.
@@ -66,35 +106,35 @@ extern template struct TextScans<scan::Width::kAvx512>;
 
 template <scan::Width w>
 unsigned int TextScans<w>::LengthA(unsigned int high, const char* s) {
-  return Length<scan::Fixed<w>>(high, s);
+  return ShortRun<w, LengthOp>(high, s);
 }
 template <scan::Width w>
 unsigned int TextScans<w>::LengthW(unsigned int high, const WChar* s) {
-  return Length<scan::Fixed<w>>(high, s);
+  return ShortRun<w, LengthOp>(high, s);
 }
 template <scan::Width w>
 unsigned int TextScans<w>::CharPosA(unsigned int high, const char* s, char ch) {
-  return NextCharPos<scan::Fixed<w>>(high, s, ch, 0);
+  return ShortRun<w, CharPosOp>(high, s, ch, std::uint64_t{0});
 }
 template <scan::Width w>
 unsigned int TextScans<w>::CharPosW(unsigned int high, const WChar* s, WChar ch) {
-  return NextCharPos<scan::Fixed<w>>(high, s, ch, 0);
+  return ShortRun<w, CharPosOp>(high, s, ch, std::uint64_t{0});
 }
 template <scan::Width w>
 unsigned int TextScans<w>::RCharPosA(unsigned int high, const char* s, char ch) {
-  return RCharPos<scan::Fixed<w>>(high, s, ch);
+  return ShortRun<w, RCharPosOp>(high, s, ch);
 }
 template <scan::Width w>
 unsigned int TextScans<w>::RCharPosW(unsigned int high, const WChar* s, WChar ch) {
-  return RCharPos<scan::Fixed<w>>(high, s, ch);
+  return ShortRun<w, RCharPosOp>(high, s, ch);
 }
 template <scan::Width w>
 unsigned int TextScans<w>::CountA(unsigned int high, const char* s, char ch) {
-  return Count<scan::Fixed<w>>(high, s, ch);
+  return ShortRun<w, CountOp>(high, s, ch);
 }
 template <scan::Width w>
 unsigned int TextScans<w>::CountW(unsigned int high, const WChar* s, WChar ch) {
-  return Count<scan::Fixed<w>>(high, s, ch);
+  return ShortRun<w, CountOp>(high, s, ch);
 }
 
 }  // namespace brelt::str
