@@ -23,6 +23,7 @@ struct BlockScans {
   static UInt64 WordScanNeL(const void* p, UInt64 n, Word value);
 
  private:
+  [[gnu::noinline]] static UInt64 LongWordCompare(const void* a, const void* b, UInt64 n);
   static const std::uint8_t* Bytes(const void* p) { return static_cast<const std::uint8_t*>(p); }
   static const std::uint16_t* Words(const void* p) {
     return static_cast<const std::uint16_t*>(p);
@@ -39,8 +40,16 @@ UInt64 BlockScans<w>::Compare(const void* a, const void* b, UInt64 n) {
 }
 // Two Words are equal exactly when both of their bytes are, so the first differing byte
 // names the first differing Word.
+// The long compare is a call of its own, the body's last step, so that the body needs no
+// frame.
 template <Width w>
 UInt64 BlockScans<w>::WordCompare(const void* a, const void* b, UInt64 n) {
+  const UInt64 i = Fixed<w, true>::FirstDifference(Bytes(a), Bytes(b), 2 * n);
+  if (i != kLong) [[likely]] return i / 2;
+  return LongWordCompare(a, b, n);
+}
+template <Width w>
+UInt64 BlockScans<w>::LongWordCompare(const void* a, const void* b, UInt64 n) {
   return Fixed<w>::FirstDifference(Bytes(a), Bytes(b), 2 * n) / 2;
 }
 template <Width w>

@@ -532,84 +532,92 @@ template <class W, class T>
 // area is longer than it reads, or not where it may read it.
 inline constexpr std::uint64_t kLong = ~std::uint64_t{0};
 
-// Mismatch for areas of up to eight blocks that lie whole on the pages of their starts (and
-// one block from there), without a frame: kLong for any other.
+// Index of the first byte that differs between a[0..n) and b[0..n), or n, for n of at least a
+// block where both areas are readable whole: read in blocks from the start and blocks that end
+// with the areas, as AreaRest, up to four at once, then four at a time. Only one side goes
+// through a register, so the other's loads can be parts of the compares.
+template <class W>
+[[gnu::always_inline]] inline std::uint64_t SpanMismatch(const std::uint8_t* a,
+                                                         const std::uint8_t* b,
+                                                         std::uint64_t n) {
+  constexpr unsigned B = W::kBytes;
+  auto eq = [&](std::uint64_t at) BRELT_INLINE_LAMBDA {
+    return W::Eq(LoadOnce<W>(a + at), W::Load(b + at), std::uint8_t{});
+  };
+  auto same = [&](std::uint64_t at, auto... more) BRELT_INLINE_LAMBDA {
+    auto all = eq(at);
+    ((all = W::And(all, eq(more))), ...);
+    return W::Mask(all) == W::kFull;
+  };
+  const std::uint64_t tail = n - B;  // the block that ends with the areas
+  std::uint64_t at = 0;              // where the search for the difference starts
+  if (n <= 2 * B) {
+    if (same(0, tail)) return n;
+  } else if (n <= 4 * B) {
+    if (same(0, B, tail - B, tail)) return n;
+  } else {
+    for (; at < n - 4 * B; at += 4 * B) {
+      if (!same(at, at + B, at + 2 * B, at + 3 * B)) break;
+    }
+    if (at >= n - 4 * B) {
+      at = n - 4 * B;
+      if (same(at, at + B, at + 2 * B, at + 3 * B)) return n;
+    }
+  }
+  for (;; at = std::min(at + B, tail)) {
+    const Bits d = ~W::Mask(eq(at)) & W::kFull;
+    if (d) return at + static_cast<unsigned>(__builtin_ctzll(d));
+  }
+}
+
+// Mismatch for areas that lie whole on the pages of their starts (and one block from there),
+// without a frame: kLong for any other.
 template <class W>
 [[gnu::always_inline]] inline std::uint64_t MismatchShort(const std::uint8_t* a,
                                                           const std::uint8_t* b,
                                                           std::uint64_t n) {
   constexpr unsigned B = W::kBytes;
-  constexpr Bits kAll = W::kFull;
-  auto differ = [&](std::uint64_t at) BRELT_INLINE_LAMBDA {
-    return ~W::Mask(W::Eq(W::Load(a + at), W::Load(b + at), std::uint8_t{})) & kAll;
-  };
-  const std::uint64_t room = std::min(PageRoom(a), PageRoom(b));
-  if (n - 1 < B - 1 && room >= B) {
+  // Where the nearer page end of the two lies.
+  const std::uint64_t offset = std::max(PageOffset(a), PageOffset(b));
+  if (n - 1 < B) {
+    if (offset > 4096 - B) return kLong;
     // One block; a difference past the area's end stands for none.
-    return static_cast<unsigned>(__builtin_ctzll(differ(0) | Bits{1} << n));
+    Bits d = ~W::Mask(W::Eq(W::Load(a), W::Load(b), std::uint8_t{})) & W::kFull;
+    if constexpr (B < 64) d |= Bits{1} << n;
+    else if (n < B) d |= Bits{1} << n;
+    return d ? static_cast<unsigned>(__builtin_ctzll(d)) : n;
   }
-  if (n >= B && n <= 8 * B && room >= n) {
-    // Read whole, in blocks from the start and blocks that end with the areas, as AreaRest.
-    auto eq = [&](std::uint64_t at) BRELT_INLINE_LAMBDA {
-      return W::Eq(LoadOnce<W>(a + at), LoadOnce<W>(b + at), std::uint8_t{});
-    };
-    auto same = [&](std::uint64_t at, auto... more) BRELT_INLINE_LAMBDA {
-      auto all = eq(at);
-      ((all = W::And(all, eq(more))), ...);
-      return W::Mask(all) == kAll;
-    };
-    const std::uint64_t tail = n - B;
-    if (n <= 2 * B ? same(0, tail)
-        : n <= 4 * B ? same(0, B, tail - B, tail)
-                     : same(0, B, 2 * B, 3 * B, tail - 3 * B, tail - 2 * B, tail - B, tail)) {
-      return n;
-    }
-    for (std::uint64_t at = 0;; at = std::min(at + B, tail)) {
-      if (const Bits d = differ(at)) return at + static_cast<unsigned>(__builtin_ctzll(d));
-    }
-  }
-  return kLong;
+  if (n == 0 || offset + n > 4096) return kLong;
+  return SpanMismatch<W>(a, b, n);
 }
 
 // Index of the first byte that differs between a[0..n) and b[0..n), or n. Only the bytes up to
-// the first difference need be readable, and the areas need not share an alignment: groups of
-// four blocks, then single blocks, are read where both sides have room before a page boundary,
-// and bytes past n count as equal. Short of a block's room, the block that ends on the
-// boundary, overlapping bytes already found equal, takes the rest of the page.
+// the first difference need be readable, and the areas need not share an alignment. The areas
+// are compared in spans that end where a page of either does (or at n): a span is readable
+// whole once all before it was found equal, since its pages hold a byte that must be read.
+// A span shorter than a block is read with the block that ends with it, whose bytes before
+// the span were found equal, or byte by byte at the very start.
 template <class W>
 [[gnu::noinline]] inline std::uint64_t Mismatch(const std::uint8_t* a, const std::uint8_t* b,
                                                 std::uint64_t n) {
   constexpr unsigned B = W::kBytes;
-  constexpr Bits kAll = W::kFull;
-  auto differ = [&](std::uint64_t at) BRELT_INLINE_LAMBDA {
-    return ~W::Mask(W::Eq(W::Load(a + at), W::Load(b + at), std::uint8_t{})) & kAll;
-  };
-  auto found = [n](std::uint64_t at, Bits d) BRELT_INLINE_LAMBDA {
-    return std::min<std::uint64_t>(at + static_cast<unsigned>(__builtin_ctzll(d)), n);
-  };
-  std::uint64_t i = 0;
-  while (i < n) {
-    const std::uint64_t stop = i + std::min(PageRoom(a + i), PageRoom(b + i));
-    for (; stop - i >= 4 * B && i < n; i += 4 * B) {
-      auto e0 = W::Eq(W::Load(a + i), W::Load(b + i), std::uint8_t{});
-      auto e1 = W::Eq(W::Load(a + i + B), W::Load(b + i + B), std::uint8_t{});
-      auto e2 = W::Eq(W::Load(a + i + 2 * B), W::Load(b + i + 2 * B), std::uint8_t{});
-      auto e3 = W::Eq(W::Load(a + i + 3 * B), W::Load(b + i + 3 * B), std::uint8_t{});
-      if (W::Mask(W::And(W::And(e0, e1), W::And(e2, e3))) != kAll) break;
-    }
-    for (; stop - i >= B && i < n; i += B) {
-      if (const Bits d = differ(i)) return found(i, d);
-    }
-    if (i >= n || i == stop) continue;
-    if (stop >= B) {
-      // Lane j stands for byte stop - B + j; those below i were compared before.
-      if (const Bits d = differ(stop - B) >> (B - (stop - i))) return found(i, d);
+  for (std::uint64_t i = 0; i < n;) {
+    const std::uint64_t span = std::min({PageRoom(a + i), PageRoom(b + i), n - i});
+    if (span >= B) {
+      const std::uint64_t d = SpanMismatch<W>(a + i, b + i, span);
+      if (d < span) return i + d;
+    } else if (i >= B - span) {
+      // Lane j stands for byte i + span - B + j; those below i were compared before.
+      const std::uint64_t end = i + span;
+      const Bits d = ~W::Mask(W::Eq(W::Load(a + end - B), W::Load(b + end - B), std::uint8_t{})) &
+                     W::kFull;
+      if (const Bits in = d >> (B - span)) return i + static_cast<unsigned>(__builtin_ctzll(in));
     } else {
-      for (; i < stop; ++i) {
-        if (a[i] != b[i]) return std::min(i, n);
+      for (std::uint64_t k = i; k < i + span; ++k) {
+        if (a[k] != b[k]) return k;
       }
     }
-    i = stop;
+    i += span;
   }
   return n;
 }
