@@ -114,22 +114,6 @@ template <Unit T, class Test, class Rest>
   return per + rest(last - per, n - per);
 }
 
-// For a text in p[0..n) that ends at its first zero (or at n): the index of its last element
-// equal to v, or n when it holds none, if the front holds the text's end; kLong otherwise.
-template <Unit T>
-[[gnu::always_inline]] inline std::uint64_t FrontLastBeforeEnd(const T* p, std::uint64_t n, T v) {
-  if (n == 0 || !FrontLoadable(p)) return kLong;
-  const auto x = Sse2::Load(p);
-  Bits end = LaneHits<Sse2, Raw<T>, IsZero<Sse2, Raw<T>>>(x);
-  if (n <= kFrontBytes / sizeof(T)) end |= Bits{1} << (n * sizeof(T));
-  if (end == 0) return kLong;
-  const Bits before = (Bits{1} << __builtin_ctzll(end)) - 1;
-  const Bits hits =
-      LaneHits<Sse2, Raw<T>, IsValue<Sse2, Raw<T>>>(IsValue<Sse2, Raw<T>>(AsRaw(v)).Key(x)) &
-      before;
-  return hits ? (63u - static_cast<unsigned>(__builtin_clzll(hits))) / sizeof(T) : n;
-}
-
 template <Unit T>
 [[gnu::always_inline]] inline std::uint64_t FindEq(const T* p, std::uint64_t n, T v) {
   const auto rest = [v](const T* q, std::uint64_t m) -> std::uint64_t {
@@ -277,6 +261,10 @@ struct Fixed {
   template <Unit T>
   [[gnu::always_inline]] static std::uint64_t CountEq(const T* p, std::uint64_t n, T v) {
     return K::CountEq(AsRaw(p), n, AsRaw(v));
+  }
+  template <Unit T>
+  [[gnu::always_inline]] static std::uint64_t LastBeforeEnd(const T* p, std::uint64_t n, T v) {
+    return K::LastBeforeEnd(AsRaw(p), n, AsRaw(v));
   }
   [[gnu::always_inline]] static std::uint64_t FirstDifference(const std::uint8_t* a, const std::uint8_t* b,
                                        std::uint64_t n) {

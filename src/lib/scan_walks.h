@@ -655,6 +655,24 @@ struct KernelSet {
     if (kDefer && n > 8 * W::kBytes / sizeof(T)) return kLong;
     return Count<W>(p, n, v);
   }
+  // For a text in p[0..n) that ends at its first zero (or at n): the index of its last
+  // element equal to v, or n when it holds none, where the block at p holds the text's end and
+  // its page holds the block; kLong otherwise.
+  template <class T>
+  [[gnu::always_inline]] static std::uint64_t LastBeforeEnd(const T* p, std::uint64_t n, T v) {
+    constexpr unsigned B = W::kBytes;
+    if (n == 0 || PageOffset(p) > 4096 - B || reinterpret_cast<std::uintptr_t>(p) % sizeof(T) != 0)
+        [[unlikely]] {
+      return kLong;
+    }
+    const auto x = W::Load(p);
+    const Bits bound = n * sizeof(T) < B ? Bits{1} << (n * sizeof(T)) : 0;
+    const Bits end = LaneHits<W, T, IsZero<W, T>>(x) | bound;
+    if (end == 0) return kLong;
+    const Bits before = (Bits{1} << __builtin_ctzll(end)) - 1;
+    const Bits hits = LaneHits<W, T, IsValue<W, T>>(IsValue<W, T>(v).Key(x)) & before;
+    return hits ? (63u - static_cast<unsigned>(__builtin_clzll(hits))) / sizeof(T) : n;
+  }
   [[gnu::always_inline]] static std::uint64_t FirstDifference(const std::uint8_t* a,
                                                               const std::uint8_t* b,
                                                               std::uint64_t n) {

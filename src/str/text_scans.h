@@ -46,7 +46,7 @@ struct RCharPosOp {
     if (ch == T{0}) return kNotFound;
     const std::uint64_t n = Capacity(high);
     // A short text is answered from one look at its start.
-    if (const std::uint64_t i = scan::FrontLastBeforeEnd(s, n, ch); i != scan::kLong) {
+    if (const std::uint64_t i = S::LastBeforeEnd(s, n, ch); i != scan::kLong) {
       return i == n ? kNotFound : i;
     }
     const std::uint64_t first = S::FindEither(s, n, T{0}, ch);
