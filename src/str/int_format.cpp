@@ -26,21 +26,38 @@ constexpr std::array<std::uint64_t, 20> kPowersOf10 = [] {
   return t;
 }();
 
-// 32 bits: four digits a step, on branches that follow the value's size, which callers tend
-// to repeat. 64 bits, where each step costs more: from the bit width, with one table look-up.
+// From the bit width, with one table look-up: 1233 / 4096 is just above log10(2), so the
+// guess is the count or one below it.
+// guess is the count or one below it. Zero counts as one, as one does.
 template <class U>
 inline unsigned DigitCount10(U v) {
-  if constexpr (sizeof(U) == 8) {
-    // 1233 / 4096 is just above log10(2): the guess is the count or one below it.
-    const unsigned guess = (static_cast<unsigned>(std::bit_width(v)) * 1233u) >> 12;
-    return guess + (v >= kPowersOf10[guess] ? 1u : 0u) + (v == 0 ? 1u : 0u);
+  const U w = v | 1u;
+  const unsigned guess = (static_cast<unsigned>(std::bit_width(w)) * 1233u) >> 12;
+  return guess + (w >= kPowersOf10[guess] ? 1u : 0u);
+}
+
+// Two digits with one store where the characters are bytes.
+template <class T>
+inline void StorePair(T* at, unsigned pair) {
+  if constexpr (sizeof(T) == 1) {
+    __builtin_memcpy(at, &kDigitPairs[2 * pair], 2);
   } else {
-    for (unsigned n = 1;; n += 4, v /= 10000u) {
-      if (v < 10u) return n;
-      if (v < 100u) return n + 1;
-      if (v < 1000u) return n + 2;
-      if (v < 10000u) return n + 3;
-    }
+    at[0] = static_cast<T>(kDigitPairs[2 * pair]);
+    at[1] = static_cast<T>(kDigitPairs[2 * pair + 1]);
+  }
+}
+
+// Stores all digits of v in base 10, the last just before `end`.
+template <class U, class T>
+inline void StoreDigits10(U v, T* end) {
+  for (; v >= 100u; v /= 100u) {
+    end -= 2;
+    StorePair(end, static_cast<unsigned>(v % 100u));
+  }
+  if (v >= 10u) {
+    StorePair(end - 2, static_cast<unsigned>(v));
+  } else {
+    end[-1] = static_cast<T>('0' + static_cast<unsigned>(v));
   }
 }
 
@@ -104,19 +121,20 @@ inline void Format(bool negative, U magnitude, unsigned int high, T* dst, unsign
                    unsigned char* ok) {
   std::uint64_t p = 0;
   if (negative) dst[p++] = static_cast<T>('-');
-  // Base 10 with room for every digit is the common case and is done here in line.
-  if (base == 10 && magnitude < 10 && p + 1 <= high) {
-    *ok = 1;
-    dst[p] = static_cast<T>('0' + static_cast<unsigned>(magnitude));
-    dst[p + 1] = T{0};
-    return;
-  }
+  // Base 10 with room for every digit and the NUL is the common case and is done here in
+  // line.
   if (base == 10) {
-    const unsigned n = DigitCount10(magnitude);
-    if (p + n <= std::uint64_t{high} + 1) {
+    if (magnitude < 10u && p < high) {
       *ok = 1;
-      StoreLowDigits10(magnitude, dst + p + n - 1, n);
-      if (p + n <= high) dst[p + n] = T{0};
+      dst[p] = static_cast<T>('0' + static_cast<unsigned>(magnitude));
+      dst[p + 1] = T{0};
+      return;
+    }
+    const unsigned n = DigitCount10(magnitude);
+    if (p + n <= high) {
+      *ok = 1;
+      StoreDigits10(magnitude, dst + p + n);
+      dst[p + n] = T{0};
       return;
     }
   }
