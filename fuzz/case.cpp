@@ -26,7 +26,10 @@ struct Twin<char> {
   static constexpr auto Caps = Str::CapsA, Lows = Str::LowsA;
   static constexpr auto Compare = Str::CompareA;
   static constexpr auto Same = Str::SameA;
-  static constexpr auto Blocks = Lib::Compare;
+  // Bound at load to the body of the CPU's width: called at the input's scan width.
+  static auto Blocks() {
+    return BRELT_TEST_AT_WIDTH(ScanWidth(), brelt::scan::BlockScans, Compare);
+  }
   static char Cap(char c) { return Str::CapA(c); }
   static char Low(char c) { return Str::LowA(c); }
   static bool PerCharacter() { return brelt::platform::ActiveCodePageId() == 1252; }
@@ -36,7 +39,9 @@ struct Twin<WChar> {
   static constexpr auto Caps = Str::CapsW, Lows = Str::LowsW;
   static constexpr auto Compare = Str::CompareW;
   static constexpr auto Same = Str::SameW;
-  static constexpr auto Blocks = Lib::WordCompare;
+  static auto Blocks() {
+    return BRELT_TEST_AT_WIDTH(ScanWidth(), brelt::scan::BlockScans, WordCompare);
+  }
   static WChar Cap(WChar c) { return Str::CapW(c); }
   static WChar Low(WChar c) { return Str::LowW(c); }
   static bool PerCharacter() { return true; }
@@ -97,7 +102,7 @@ void CheckBlocks(const Text<T>& a, const Text<T>& b, std::uint64_t n) {
   std::size_t first = 0;
   while (first < common && x[first] == y[first]) ++first;
   if (n > common && first == common) n = common;
-  const auto got = Twin<T>::Blocks(a.array.data(), b.array.data(), n);
+  const auto got = Twin<T>::Blocks()(a.array.data(), b.array.data(), n);
   BRELT_FUZZ_CHECK(got == std::min<std::uint64_t>(first, n));
 }
 

@@ -15,16 +15,21 @@ namespace {
 
 using namespace brelt::fuzz;
 
-#define BRELT_SEARCH_OPS(X) \
-  X(Length) X(Pos) X(NextPos) X(CharPos) X(NextCharPos) X(RCharPos) X(Count)
+// Those bound at load to the body of the CPU's width are called at the input's scan width.
+#define BRELT_SEARCH_OPS(X) X(Pos) X(NextPos) X(NextCharPos)
+#define BRELT_BOUND_OPS(X) X(Length) X(CharPos) X(RCharPos) X(Count)
 #define BRELT_A_OP(name) static constexpr auto name = Str::name##A;
 #define BRELT_W_OP(name) static constexpr auto name = Str::name##W;
+#define BRELT_A_BOUND(name) \
+  static auto name() { return BRELT_TEST_AT_WIDTH(ScanWidth(), brelt::str::TextScans, name##A); }
+#define BRELT_W_BOUND(name) \
+  static auto name() { return BRELT_TEST_AT_WIDTH(ScanWidth(), brelt::str::TextScans, name##W); }
 template <class T>
 struct Twin;
 template <>
-struct Twin<char> { BRELT_SEARCH_OPS(BRELT_A_OP) };
+struct Twin<char> { BRELT_SEARCH_OPS(BRELT_A_OP) BRELT_BOUND_OPS(BRELT_A_BOUND) };
 template <>
-struct Twin<WChar> { BRELT_SEARCH_OPS(BRELT_W_OP) };
+struct Twin<WChar> { BRELT_SEARCH_OPS(BRELT_W_OP) BRELT_BOUND_OPS(BRELT_W_BOUND) };
 
 // Candidate starts from `start` while the bound allows and no NUL stands there.
 template <class T>
@@ -55,17 +60,17 @@ void Check(const Text<T>& s, const Text<T>& pat, T ch, unsigned start) {
   // Behind the last NUL an all-ones bound is no bound at all: starts stay before it.
   if (s.high == kAll) start = std::min<unsigned>(start, static_cast<unsigned>(s.Now().rfind(T{0})));
 
-  BRELT_FUZZ_CHECK(Ops::Length(s.high, p) == text.size());
+  BRELT_FUZZ_CHECK(Ops::Length()(s.high, p) == text.size());
   BRELT_FUZZ_CHECK(Ops::Pos(s.high, p, pat.high, pat.array.data()) ==
                    NextPosRef(p, s.high, pat.text, 0));
   BRELT_FUZZ_CHECK(Ops::NextPos(s.high, p, pat.high, pat.array.data(), start) ==
                    NextPosRef(p, s.high, pat.text, start));
-  BRELT_FUZZ_CHECK(Ops::CharPos(s.high, p, ch) == NextCharPosRef(p, s.high, ch, 0));
+  BRELT_FUZZ_CHECK(Ops::CharPos()(s.high, p, ch) == NextCharPosRef(p, s.high, ch, 0));
   BRELT_FUZZ_CHECK(Ops::NextCharPos(s.high, p, ch, start) == NextCharPosRef(p, s.high, ch, start));
   const std::size_t last = ch == T{0} ? String<T>::npos : text.rfind(ch);
-  BRELT_FUZZ_CHECK(Ops::RCharPos(s.high, p, ch) == (last == String<T>::npos ? kAll : last));
+  BRELT_FUZZ_CHECK(Ops::RCharPos()(s.high, p, ch) == (last == String<T>::npos ? kAll : last));
   const auto count = ch == T{0} ? 0 : std::count(text.begin(), text.end(), ch);
-  BRELT_FUZZ_CHECK(Ops::Count(s.high, p, ch) == static_cast<unsigned>(count));
+  BRELT_FUZZ_CHECK(Ops::Count()(s.high, p, ch) == static_cast<unsigned>(count));
 }
 
 }  // namespace

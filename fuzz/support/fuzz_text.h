@@ -185,14 +185,28 @@ inline void TakeCodePage(FuzzedDataProvider& in) {
   if (!brelt::platform::PinCodePage(page)) Broken("code page not pinned", __FILE__, __LINE__);
 }
 
+// The vector width of this input's scans.
+inline brelt::scan::Width& ScanWidth() {
+  static brelt::scan::Width width = brelt::scan::CpuWidth();
+  return width;
+}
+
 // The vector width of the library's scans for this input: 0 keeps the table chosen at load,
 // other values walk every width the CPU offers. The exports bound at load (the Lib scans and
-// compares, Str length, character positions and counts) keep the CPU's width.
+// compares, Str length, character positions and counts) keep the CPU's width; targets that
+// check them call the body of ScanWidth() instead.
 inline void TakeScanWidth(FuzzedDataProvider& in) {
   static const brelt::scan::Kernels* const loaded = &brelt::scan::Active();
   static const std::vector<test::KernelTable> tables = test::RunnableKernelTables();
   const unsigned pick = in.ConsumeIntegral<std::uint8_t>();
-  brelt::scan::UseKernels(pick == 0 ? *loaded : *tables[(pick - 1) % tables.size()].kernels);
+  if (pick == 0) {
+    brelt::scan::UseKernels(*loaded);
+    ScanWidth() = brelt::scan::CpuWidth();
+  } else {
+    const test::KernelTable& table = tables[(pick - 1) % tables.size()];
+    brelt::scan::UseKernels(*table.kernels);
+    ScanWidth() = table.width;
+  }
 }
 
 // Runs `body` for the twin that the next flag picks, 0 for 8-bit text and 1 for 16-bit text,

@@ -6,7 +6,7 @@
 
 using brelt::UInt64;
 
-#define BRELT_BOUND_BLOCK_SCAN(Name, Value)                                                \
+#define BRELT_BOUND_BLOCK_SCAN(Name, Value)                                              \
   BRELT_BOUND_AT_LOAD(Lib, Name, UInt64, (const void* p, UInt64 n, Value value), (p, n, value), \
                       BRELT_BLOCK_SCAN_FOR_CPU(Name))
 

@@ -207,28 +207,8 @@ struct Dispatched {
     return scan::FindEq(p, n, v);
   }
   template <Unit T>
-  static std::uint64_t FindNe(const T* p, std::uint64_t n, T v) {
-    return scan::FindNe(p, n, v);
-  }
-  template <Unit T>
   static std::uint64_t FindEither(const T* p, std::uint64_t n, T a, T b) {
     return scan::FindEither(p, n, a, b);
-  }
-  template <Unit T>
-  static std::uint64_t FindEqBackward(const T* last, std::uint64_t n, T v) {
-    return scan::FindEqBackward(last, n, v);
-  }
-  template <Unit T>
-  static std::uint64_t FindNeBackward(const T* last, std::uint64_t n, T v) {
-    return scan::FindNeBackward(last, n, v);
-  }
-  template <Unit T>
-  static std::uint64_t CountEq(const T* p, std::uint64_t n, T v) {
-    return scan::CountEq(p, n, v);
-  }
-  static std::uint64_t FirstDifference(const std::uint8_t* a, const std::uint8_t* b,
-                                       std::uint64_t n) {
-    return scan::FirstDifference(a, b, n);
   }
 };
 
@@ -266,8 +246,9 @@ struct Fixed {
   [[gnu::always_inline]] static std::uint64_t LastBeforeEnd(const T* p, std::uint64_t n, T v) {
     return K::LastBeforeEnd(AsRaw(p), n, AsRaw(v));
   }
-  [[gnu::always_inline]] static std::uint64_t FirstDifference(const std::uint8_t* a, const std::uint8_t* b,
-                                       std::uint64_t n) {
+  [[gnu::always_inline]] static std::uint64_t FirstDifference(const std::uint8_t* a,
+                                                              const std::uint8_t* b,
+                                                              std::uint64_t n) {
     return K::FirstDifference(a, b, n);
   }
 };

@@ -7,12 +7,13 @@
 // the library's static objects are initialised, so it may use constants only.
 //
 // An ELF object resolves the symbol itself to the body (an indirect function), so that a call
-// reaches the body with no step between. Elsewhere the export calls the body that `Body`
-// named on the first call.
+// reaches the body with no step between; the chooser, brelt_pick_<Space>_<Name>, has to be a
+// function of external linkage for that (it stays inside the library). Elsewhere the export
+// calls the body that `Body` named on the first call.
 #if defined(__ELF__)
 #define BRELT_BOUND_AT_LOAD(Space, Name, Ret, Params, Args, Body)                           \
   extern "C" {                                                                              \
-  [[gnu::used, gnu::no_sanitize_address]] static auto brelt_pick_##Space##_##Name() {       \
+  [[gnu::used, gnu::no_sanitize_address]] auto brelt_pick_##Space##_##Name() {              \
     return Body;                                                                            \
   }                                                                                         \
   }                                                                                         \

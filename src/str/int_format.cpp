@@ -47,17 +47,31 @@ inline void StorePair(T* at, unsigned pair) {
   }
 }
 
-// Stores all digits of v in base 10, the last just before `end`.
+// v / 100 for v below 43699, with a multiplication in 32 bits.
+inline unsigned Hundreds(unsigned v) { return (v * 5243u) >> 19; }
+
+// Stores all digits of v in base 10, the last just before `end`: four digits a division, the
+// two pairs of the four from the remainder without one.
 template <class U, class T>
 inline void StoreDigits10(U v, T* end) {
-  for (; v >= 100u; v /= 100u) {
-    end -= 2;
-    StorePair(end, static_cast<unsigned>(v % 100u));
+  for (; v >= 10000u; v /= 10000u) {
+    const unsigned four = static_cast<unsigned>(v % 10000u);
+    const unsigned high = Hundreds(four);
+    end -= 4;
+    StorePair(end, high);
+    StorePair(end + 2, four - high * 100u);
   }
-  if (v >= 10u) {
-    StorePair(end - 2, static_cast<unsigned>(v));
+  unsigned rest = static_cast<unsigned>(v);
+  if (rest >= 100u) {
+    const unsigned high = Hundreds(rest);
+    end -= 2;
+    StorePair(end, rest - high * 100u);
+    rest = high;
+  }
+  if (rest >= 10u) {
+    StorePair(end - 2, rest);
   } else {
-    end[-1] = static_cast<T>('0' + static_cast<unsigned>(v));
+    end[-1] = static_cast<T>('0' + rest);
   }
 }
 

@@ -51,10 +51,12 @@ unsigned int NextPosW(unsigned int high, const WChar* s, unsigned int patHigh, c
 }
 
 unsigned int NextCharPosA(unsigned int high, const char* s, char ch, unsigned int start) {
-  return static_cast<unsigned int>(brelt::str::CharPosOp::Run<scan::Dispatched>(high, s, ch, start));
+  return static_cast<unsigned int>(
+      brelt::str::CharPosOp::Run<scan::Dispatched>(high, s, ch, start));
 }
 unsigned int NextCharPosW(unsigned int high, const WChar* s, WChar ch, unsigned int start) {
-  return static_cast<unsigned int>(brelt::str::CharPosOp::Run<scan::Dispatched>(high, s, ch, start));
+  return static_cast<unsigned int>(
+      brelt::str::CharPosOp::Run<scan::Dispatched>(high, s, ch, start));
 }
 
 }  // namespace Str

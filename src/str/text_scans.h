@@ -11,8 +11,8 @@ namespace brelt::str {
 
 // Each scan is an operation over the scans S it uses. With scans that defer (S::kDefers), a
 // scan that would need the long walks makes the operation give kLong as well.
-#define BRELT_PASS_ON_DEFERRED(S, r) \
-  if constexpr (S::kDefers) {        \
+#define BRELT_PASS_ON_DEFERRED(S, r)          \
+  if constexpr (S::kDefers) {                 \
     if ((r) == scan::kLong) return scan::kLong; \
   }
 

@@ -43,10 +43,13 @@ struct Row {
 // The width being walked. Exports bound at load keep the CPU's width whatever table is in use,
 // so their rows call the body of this width.
 brelt::scan::Width width = brelt::scan::Width::kSse2;
-#define BOUND(f)                                                                           \
-  ([] {                                                                                     \
-    if constexpr (sizeof(T) == 1) return BRELT_TEST_AT_WIDTH(width, brelt::str::TextScans, f##A); \
-    else return BRELT_TEST_AT_WIDTH(width, brelt::str::TextScans, f##W);                      \
+#define BOUND(f)                                                          \
+  ([] {                                                                   \
+    if constexpr (sizeof(T) == 1) {                                       \
+      return BRELT_TEST_AT_WIDTH(width, brelt::str::TextScans, f##A);     \
+    } else {                                                              \
+      return BRELT_TEST_AT_WIDTH(width, brelt::str::TextScans, f##W);     \
+    }                                                                     \
   }())
 
 template <class T>
@@ -55,10 +58,12 @@ std::vector<Row<T>> Rows() {
   static const T seps[] = {'e', '5', 0};
   std::vector<Row<T>> rows = {
       {"Length", [](unsigned h, const T* s) -> std::uint64_t { return BOUND(Length)(h, s); }},
-      {"CharPos", [](unsigned h, const T* s) -> std::uint64_t { return BOUND(CharPos)(h, s, '~'); }},
+      {"CharPos",
+       [](unsigned h, const T* s) -> std::uint64_t { return BOUND(CharPos)(h, s, '~'); }},
       {"NextCharPos",
        [](unsigned h, const T* s) -> std::uint64_t { return TWIN(NextCharPos)(h, s, '~', 1); }},
-      {"RCharPos", [](unsigned h, const T* s) -> std::uint64_t { return BOUND(RCharPos)(h, s, 'c'); }},
+      {"RCharPos",
+       [](unsigned h, const T* s) -> std::uint64_t { return BOUND(RCharPos)(h, s, 'c'); }},
       {"Count", [](unsigned h, const T* s) -> std::uint64_t { return BOUND(Count)(h, s, '3'); }},
       {"Pos", [](unsigned h, const T* s) -> std::uint64_t { return TWIN(Pos)(h, s, kAll, pat + 1); }},
       {"NextPos",

@@ -32,10 +32,13 @@ Expected Walk(const T* s, unsigned high, T ch) {
   return e;
 }
 
-#define AT_WIDTH(Name)                                                       \
-  ([&] {                                                                     \
-    if constexpr (sizeof(T) == 1) return BRELT_TEST_AT_WIDTH(w, TextScans, Name##A); \
-    else return BRELT_TEST_AT_WIDTH(w, TextScans, Name##W);                  \
+#define AT_WIDTH(Name)                                        \
+  ([&] {                                                      \
+    if constexpr (sizeof(T) == 1) {                           \
+      return BRELT_TEST_AT_WIDTH(w, TextScans, Name##A);      \
+    } else {                                                  \
+      return BRELT_TEST_AT_WIDTH(w, TextScans, Name##W);      \
+    }                                                         \
   }())
 
 template <class T>
