@@ -364,11 +364,12 @@ inline std::uintptr_t PageStart(std::uintptr_t a) { return a & ~std::uintptr_t{4
 // First element in p[0..n) that the test hits, or n, for areas that KernelSet::Up does not
 // answer.
 //
-// The walk tests four blocks at a time, a group that never crosses a page, so that a walk that
-// ends at a NUL just before an unreadable page never touches that page. The first group is
-// read where p stands when its page has room; later ones start on block boundaries (bytes
-// read twice were clean, which does no harm), and the last few blocks before a page's end go
-// one at a time. Lanes before p are masked off; hits past the area's end count as none.
+// After a first look where p stands (eight blocks, four, or the block that holds p, as its
+// page has room), the walk tests groups of four blocks that start on a multiple of the group
+// size: such a group never crosses a page, so every group read starts before the area's end
+// and lies on the page of a byte the walk must look at. A walk that ends at a NUL just before
+// an unreadable page never touches that page. Lanes before p are masked off (bytes read twice
+// were clean, which does no harm); hits past the area's end count as none.
 template <class W, class T, class Test>
 [[gnu::always_inline]] BRELT_WHOLE_BLOCK_READS inline std::uint64_t Forward(const T* p,
                                                                            std::uint64_t n,
@@ -400,35 +401,34 @@ template <class W, class T, class Test>
     // Up to eight blocks tested at once: the whole of most areas of a few hundred bytes.
     if (PairHit<W, T>(base, test)) return element(start + FirstHit<W, T>(base, test));
     if (size <= 2 * G) return n;
-    at = (start + 2 * G) & ~std::uintptr_t{B - 1};
+    at = (start + 2 * G) & ~std::uintptr_t{G - 1};
   } else if (room >= G) {
     if (GroupHit<W, T>(base, test)) return element(start + FirstHit<W, T>(base, test));
     if (size <= G) return n;
-    at = (start + G) & ~std::uintptr_t{B - 1};
+    at = (start + G) & ~std::uintptr_t{G - 1};
   } else {
     const std::uint8_t* block = AlignDown<W>(base);
     if (Bits m = BlockHits<W, T>(block, test) >> (base - block)) {
       return element(start + static_cast<unsigned>(__builtin_ctzll(m)));
     }
     at = reinterpret_cast<std::uintptr_t>(block) + B;
-  }
-  while (at < areaEnd) {
-    const std::uintptr_t pageEnd = PageStart(at) + 4096;
-    for (const std::uintptr_t last = std::min(pageEnd - G + 1, areaEnd); at < last; at += G) {
-      if (GroupHit<W, T>(bytes(at), test)) return element(at + FirstHit<W, T>(bytes(at), test));
-    }
-    for (const std::uintptr_t last = std::min(pageEnd, areaEnd); at < last; at += B) {
+    // Single blocks up to the next group boundary.
+    for (; at % G != 0; at += B) {
+      if (at >= areaEnd) return n;
       if (Bits m = BlockHits<W, T>(bytes(at), test)) {
         return element(at + static_cast<unsigned>(__builtin_ctzll(m)));
       }
     }
   }
+  for (; at < areaEnd; at += G) {
+    if (GroupHit<W, T>(bytes(at), test)) return element(at + FirstHit<W, T>(bytes(at), test));
+  }
   return n;
 }
 
 // Walking down from `last` over n elements: how many are passed before the first hit, or n,
-// for areas that KernelSet::Down does not answer. The mirror of Forward: the first group ends where
-// the area does when its page has room, later ones end on block boundaries.
+// for areas that KernelSet::Down does not answer. The mirror of Forward: after the first look
+// that ends where the area does, groups end on multiples of the group size.
 template <class W, class T, class Test>
 [[gnu::always_inline]] BRELT_WHOLE_BLOCK_READS inline std::uint64_t Backward(const T* last,
                                                                             std::uint64_t n,
@@ -463,30 +463,27 @@ template <class W, class T, class Test>
     const std::uintptr_t low = end - 2 * G;
     if (PairHit<W, T>(bytes(low), test)) return passed(low + LastHit<W, T>(bytes(low), 8, test));
     if (span <= 2 * G) return n;
-    at = (low + B - 1) & ~std::uintptr_t{B - 1};
+    at = (low + G - 1) & ~std::uintptr_t{G - 1};
   } else if (room >= G) {
     if (GroupHit<W, T>(bytes(end - G), test)) {
       return passed(end - G + LastHit<W, T>(bytes(end - G), 4, test));
     }
     if (span <= G) return n;
-    at = (end - G + B - 1) & ~std::uintptr_t{B - 1};
+    at = (end - G + G - 1) & ~std::uintptr_t{G - 1};
   } else {
     const std::uintptr_t block = (end - 1) & ~std::uintptr_t{B - 1};
     const unsigned valid = static_cast<unsigned>(end - block);  // 1..B bytes of the block
     Bits m = BlockHits<W, T>(bytes(block), test);
     if (valid < 64) m &= (Bits{1} << valid) - 1;
     if (m) return passed(block + top(m));
-    at = block;
-  }
-  while (at > areaLow) {
-    const std::uintptr_t pageStart = PageStart(at - 1);
-    for (const std::uintptr_t low = std::max(pageStart + G - 1, areaLow); at > low; at -= G) {
-      if (GroupHit<W, T>(bytes(at - G), test)) {
-        return passed(at - G + LastHit<W, T>(bytes(at - G), 4, test));
-      }
+    for (at = block; at % G != 0; at -= B) {
+      if (at <= areaLow) return n;
+      if (Bits hit = BlockHits<W, T>(bytes(at - B), test)) return passed(at - B + top(hit));
     }
-    for (const std::uintptr_t low = std::max(pageStart, areaLow); at > low; at -= B) {
-      if (Bits m = BlockHits<W, T>(bytes(at - B), test)) return passed(at - B + top(m));
+  }
+  for (; at > areaLow; at -= G) {
+    if (GroupHit<W, T>(bytes(at - G), test)) {
+      return passed(at - G + LastHit<W, T>(bytes(at - G), 4, test));
     }
   }
   return n;
