@@ -140,7 +140,7 @@ unsigned int TextScans<w>::CountW(unsigned int high, const WChar* s, WChar ch) {
 }  // namespace brelt::str
 
 // The body of the export Str::Name for this CPU.
-#define BRELT_TEXT_SCAN_FOR_CPU(Name)                                       \
+#define BRELT_TEXT_SCAN_FOR_CPU(Name)                                                  \
   ::brelt::scan::ForCpu(&::brelt::str::TextScans<::brelt::scan::Width::kSse2>::Name, \
                         &::brelt::str::TextScans<::brelt::scan::Width::kAvx2>::Name, \
                         &::brelt::str::TextScans<::brelt::scan::Width::kAvx512>::Name)
