@@ -552,6 +552,11 @@ template <class W>
     if (same(0, tail)) return n;
   } else if (n <= 4 * B) {
     if (same(0, B, tail - B, tail)) return n;
+  } else if (n <= 8 * B) {
+    if (same(0, B, 2 * B, 3 * B)) {
+      at = n - 4 * B;
+      if (same(at, at + B, at + 2 * B, at + 3 * B)) return n;
+    }
   } else {
     for (; at < n - 4 * B; at += 4 * B) {
       if (!same(at, at + B, at + 2 * B, at + 3 * B)) break;
