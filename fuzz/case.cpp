@@ -28,7 +28,7 @@ struct Twin<char> {
   static constexpr auto Same = Str::SameA;
   // Bound at load to the body of the CPU's width: called at the input's scan width.
   static auto Blocks() {
-    return BRELT_TEST_AT_WIDTH(ScanWidth(), brelt::scan::BlockScans, Compare);
+    return BRELT_BODY_AT_WIDTH(ScanWidth(), brelt::scan::BlockScans, Compare);
   }
   static char Cap(char c) { return Str::CapA(c); }
   static char Low(char c) { return Str::LowA(c); }
@@ -40,7 +40,7 @@ struct Twin<WChar> {
   static constexpr auto Compare = Str::CompareW;
   static constexpr auto Same = Str::SameW;
   static auto Blocks() {
-    return BRELT_TEST_AT_WIDTH(ScanWidth(), brelt::scan::BlockScans, WordCompare);
+    return BRELT_BODY_AT_WIDTH(ScanWidth(), brelt::scan::BlockScans, WordCompare);
   }
   static WChar Cap(WChar c) { return Str::CapW(c); }
   static WChar Low(WChar c) { return Str::LowW(c); }

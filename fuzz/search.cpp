@@ -21,9 +21,9 @@ using namespace brelt::fuzz;
 #define BRELT_A_OP(name) static constexpr auto name = Str::name##A;
 #define BRELT_W_OP(name) static constexpr auto name = Str::name##W;
 #define BRELT_A_BOUND(name) \
-  static auto name() { return BRELT_TEST_AT_WIDTH(ScanWidth(), brelt::str::TextScans, name##A); }
+  static auto name() { return BRELT_BODY_AT_WIDTH(ScanWidth(), brelt::str::TextScans, name##A); }
 #define BRELT_W_BOUND(name) \
-  static auto name() { return BRELT_TEST_AT_WIDTH(ScanWidth(), brelt::str::TextScans, name##W); }
+  static auto name() { return BRELT_BODY_AT_WIDTH(ScanWidth(), brelt::str::TextScans, name##W); }
 template <class T>
 struct Twin;
 template <>

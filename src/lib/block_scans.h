@@ -23,7 +23,6 @@ struct BlockScans {
   static UInt64 WordScanNeL(const void* p, UInt64 n, Word value);
 
  private:
-  [[gnu::noinline]] static UInt64 LongWordCompare(const void* a, const void* b, UInt64 n);
   static const std::uint8_t* Bytes(const void* p) { return static_cast<const std::uint8_t*>(p); }
   static const std::uint16_t* Words(const void* p) {
     return static_cast<const std::uint16_t*>(p);
@@ -40,17 +39,18 @@ UInt64 BlockScans<w>::Compare(const void* a, const void* b, UInt64 n) {
 }
 // Two Words are equal exactly when both of their bytes are, so the first differing byte
 // names the first differing Word.
-// The long compare is a call of its own, the body's last step, so that the body needs no
-// frame.
+struct WordCompareOp {
+  template <class S>
+  [[gnu::always_inline]] static std::uint64_t Run(const void* a, const void* b, UInt64 n) {
+    const std::uint64_t i = S::FirstDifference(static_cast<const std::uint8_t*>(a),
+                                               static_cast<const std::uint8_t*>(b), 2 * n);
+    if (S::kDefers && i == kLong) return kLong;
+    return i / 2;
+  }
+};
 template <Width w>
 UInt64 BlockScans<w>::WordCompare(const void* a, const void* b, UInt64 n) {
-  const UInt64 i = Fixed<w, true>::FirstDifference(Bytes(a), Bytes(b), 2 * n);
-  if (i != kLong) [[likely]] return i / 2;
-  return LongWordCompare(a, b, n);
-}
-template <Width w>
-UInt64 BlockScans<w>::LongWordCompare(const void* a, const void* b, UInt64 n) {
-  return Fixed<w>::FirstDifference(Bytes(a), Bytes(b), 2 * n) / 2;
+  return ShortRun<UInt64, w, WordCompareOp>(a, b, n);
 }
 template <Width w>
 UInt64 BlockScans<w>::ScanR(const void* p, UInt64 n, Byte value) {
@@ -88,7 +88,5 @@ UInt64 BlockScans<w>::WordScanNeL(const void* p, UInt64 n, Word value) {
 }  // namespace brelt::scan
 
 // The body of the export Lib::Name for this CPU.
-#define BRELT_BLOCK_SCAN_FOR_CPU(Name)                                                 \
-  ::brelt::scan::ForCpu(&::brelt::scan::BlockScans<::brelt::scan::Width::kSse2>::Name, \
-                        &::brelt::scan::BlockScans<::brelt::scan::Width::kAvx2>::Name, \
-                        &::brelt::scan::BlockScans<::brelt::scan::Width::kAvx512>::Name)
+#define BRELT_BLOCK_SCAN_FOR_CPU(Name) \
+  BRELT_BODY_AT_WIDTH(::brelt::scan::CpuWidth(), ::brelt::scan::BlockScans, Name)

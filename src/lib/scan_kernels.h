@@ -34,16 +34,26 @@ struct Kernels {
 // loaded, before its static objects exist.
 Width CpuWidth();
 
-// Of three forms of one thing, the one for this CPU's width; also for choosers that run while
-// the library loads.
+// Of three forms of one thing, the one for width w; also for choosers that run while the
+// library loads.
 template <class F>
-[[gnu::no_sanitize_address]] F ForCpu(F sse2, F avx2, F avx512) {
-  switch (CpuWidth()) {
+[[gnu::no_sanitize_address]] F ForWidth(Width w, F sse2, F avx2, F avx512) {
+  switch (w) {
     case Width::kAvx512: return avx512;
     case Width::kAvx2: return avx2;
     default: return sse2;
   }
 }
+template <class F>
+[[gnu::no_sanitize_address]] F ForCpu(F sse2, F avx2, F avx512) {
+  return ForWidth(CpuWidth(), sse2, avx2, avx512);
+}
+
+// The member Name of Bodies<w>, a class template over the width with one body per width.
+#define BRELT_BODY_AT_WIDTH(w, Bodies, Name)                                       \
+  ::brelt::scan::ForWidth(w, &Bodies<::brelt::scan::Width::kSse2>::Name,           \
+                          &Bodies<::brelt::scan::Width::kAvx2>::Name,              \
+                          &Bodies<::brelt::scan::Width::kAvx512>::Name)
 
 // The table for this CPU; the 16-byte one until load-time selection has run. A plain variable
 // rather than a call, so that the entries below reach their kernel with two loads.
@@ -203,10 +213,6 @@ template <Unit T>
 struct Dispatched {
   static constexpr bool kDefers = false;
   template <Unit T>
-  static std::uint64_t FindEq(const T* p, std::uint64_t n, T v) {
-    return scan::FindEq(p, n, v);
-  }
-  template <Unit T>
   static std::uint64_t FindEither(const T* p, std::uint64_t n, T a, T b) {
     return scan::FindEither(p, n, a, b);
   }
@@ -252,5 +258,21 @@ struct Fixed {
     return K::FirstDifference(a, b, n);
   }
 };
+
+// An operation at one width whose scans all take the long walks, as a call of its own.
+template <class R, Width w, class Op, class... A>
+[[gnu::noinline]] R LongRun(A... a) {
+  return static_cast<R>(Op::template Run<Fixed<w>>(a...));
+}
+
+// An operation at one width, `Op::Run` over the scans it is given: answered inline where its
+// scans need no long walk, by LongRun otherwise. That call is the body's last step, so the
+// body needs no frame (any other call in it makes GCC set up an aligned one on every call).
+template <class R, Width w, class Op, class... A>
+[[gnu::always_inline]] inline R ShortRun(A... a) {
+  const std::uint64_t r = Op::template Run<Fixed<w, true>>(a...);
+  if (r != kLong) [[likely]] return static_cast<R>(r);
+  return LongRun<R, w, Op>(a...);
+}
 
 }  // namespace brelt::scan

@@ -72,21 +72,6 @@ struct CountOp {
 
 #undef BRELT_PASS_ON_DEFERRED
 
-// An operation at one width whose scans all take the long walks, as a call of its own.
-template <scan::Width w, class Op, class... A>
-[[gnu::noinline]] unsigned int LongRun(A... a) {
-  return static_cast<unsigned int>(Op::template Run<scan::Fixed<w>>(a...));
-}
-
-// An operation at one width: answered inline where its scans need no long walk, by LongRun
-// otherwise. That call is the body's last step, so the body needs no frame.
-template <scan::Width w, class Op, class... A>
-[[gnu::always_inline]] inline unsigned int ShortRun(A... a) {
-  const std::uint64_t r = Op::template Run<scan::Fixed<w, true>>(a...);
-  if (r != scan::kLong) [[likely]] return static_cast<unsigned int>(r);
-  return LongRun<w, Op>(a...);
-}
-
 // The exported scans at one vector width.
 template <scan::Width w>
 struct TextScans {
@@ -106,41 +91,39 @@ extern template struct TextScans<scan::Width::kAvx512>;
 
 template <scan::Width w>
 unsigned int TextScans<w>::LengthA(unsigned int high, const char* s) {
-  return ShortRun<w, LengthOp>(high, s);
+  return scan::ShortRun<unsigned int, w, LengthOp>(high, s);
 }
 template <scan::Width w>
 unsigned int TextScans<w>::LengthW(unsigned int high, const WChar* s) {
-  return ShortRun<w, LengthOp>(high, s);
+  return scan::ShortRun<unsigned int, w, LengthOp>(high, s);
 }
 template <scan::Width w>
 unsigned int TextScans<w>::CharPosA(unsigned int high, const char* s, char ch) {
-  return ShortRun<w, CharPosOp>(high, s, ch, std::uint64_t{0});
+  return scan::ShortRun<unsigned int, w, CharPosOp>(high, s, ch, std::uint64_t{0});
 }
 template <scan::Width w>
 unsigned int TextScans<w>::CharPosW(unsigned int high, const WChar* s, WChar ch) {
-  return ShortRun<w, CharPosOp>(high, s, ch, std::uint64_t{0});
+  return scan::ShortRun<unsigned int, w, CharPosOp>(high, s, ch, std::uint64_t{0});
 }
 template <scan::Width w>
 unsigned int TextScans<w>::RCharPosA(unsigned int high, const char* s, char ch) {
-  return ShortRun<w, RCharPosOp>(high, s, ch);
+  return scan::ShortRun<unsigned int, w, RCharPosOp>(high, s, ch);
 }
 template <scan::Width w>
 unsigned int TextScans<w>::RCharPosW(unsigned int high, const WChar* s, WChar ch) {
-  return ShortRun<w, RCharPosOp>(high, s, ch);
+  return scan::ShortRun<unsigned int, w, RCharPosOp>(high, s, ch);
 }
 template <scan::Width w>
 unsigned int TextScans<w>::CountA(unsigned int high, const char* s, char ch) {
-  return ShortRun<w, CountOp>(high, s, ch);
+  return scan::ShortRun<unsigned int, w, CountOp>(high, s, ch);
 }
 template <scan::Width w>
 unsigned int TextScans<w>::CountW(unsigned int high, const WChar* s, WChar ch) {
-  return ShortRun<w, CountOp>(high, s, ch);
+  return scan::ShortRun<unsigned int, w, CountOp>(high, s, ch);
 }
 
 }  // namespace brelt::str
 
 // The body of the export Str::Name for this CPU.
-#define BRELT_TEXT_SCAN_FOR_CPU(Name)                                                  \
-  ::brelt::scan::ForCpu(&::brelt::str::TextScans<::brelt::scan::Width::kSse2>::Name, \
-                        &::brelt::str::TextScans<::brelt::scan::Width::kAvx2>::Name, \
-                        &::brelt::str::TextScans<::brelt::scan::Width::kAvx512>::Name)
+#define BRELT_TEXT_SCAN_FOR_CPU(Name) \
+  BRELT_BODY_AT_WIDTH(::brelt::scan::CpuWidth(), ::brelt::str::TextScans, Name)

@@ -46,9 +46,9 @@ brelt::scan::Width width = brelt::scan::Width::kSse2;
 #define BOUND(f)                                                          \
   ([] {                                                                   \
     if constexpr (sizeof(T) == 1) {                                       \
-      return BRELT_TEST_AT_WIDTH(width, brelt::str::TextScans, f##A);     \
+      return BRELT_BODY_AT_WIDTH(width, brelt::str::TextScans, f##A);     \
     } else {                                                              \
-      return BRELT_TEST_AT_WIDTH(width, brelt::str::TextScans, f##W);     \
+      return BRELT_BODY_AT_WIDTH(width, brelt::str::TextScans, f##W);     \
     }                                                                     \
   }())
 
@@ -169,9 +169,9 @@ TEST(TerminatorReads, AllOnesBoundStopsAtTheNul16) { ExpectAllOnesBoundAgrees<WC
 // fall at different places. The stated length runs 100 bytes (or Words) past the end.
 TEST(TerminatorReads, ComparesStopAtTheFirstDifference) {
   for (const auto& table : RunnableKernelTables()) {
-    const auto compare = BRELT_TEST_AT_WIDTH(table.width, brelt::scan::BlockScans, Compare);
+    const auto compare = BRELT_BODY_AT_WIDTH(table.width, brelt::scan::BlockScans, Compare);
     const auto wordCompare =
-        BRELT_TEST_AT_WIDTH(table.width, brelt::scan::BlockScans, WordCompare);
+        BRELT_BODY_AT_WIDTH(table.width, brelt::scan::BlockScans, WordCompare);
     for (unsigned length = 1; length <= 300; ++length) {
       for (unsigned phase : {0u, 1u, 17u, 40u}) {
         GuardedArray<unsigned char> a(2 * length), b(2 * length + phase);

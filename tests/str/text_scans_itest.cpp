@@ -35,9 +35,9 @@ Expected Walk(const T* s, unsigned high, T ch) {
 #define AT_WIDTH(Name)                                        \
   ([&] {                                                      \
     if constexpr (sizeof(T) == 1) {                           \
-      return BRELT_TEST_AT_WIDTH(w, TextScans, Name##A);      \
+      return BRELT_BODY_AT_WIDTH(w, TextScans, Name##A);      \
     } else {                                                  \
-      return BRELT_TEST_AT_WIDTH(w, TextScans, Name##W);      \
+      return BRELT_BODY_AT_WIDTH(w, TextScans, Name##W);      \
     }                                                         \
   }())
 

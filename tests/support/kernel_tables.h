@@ -30,14 +30,4 @@ inline std::vector<KernelTable> RunnableKernelTables() {
   return tables;
 }
 
-// One of three things by width.
-template <class F>
-F AtWidth(brelt::scan::Width w, F sse2, F avx2, F avx512) {
-  return w == brelt::scan::Width::kAvx512 ? avx512 : w == brelt::scan::Width::kAvx2 ? avx2 : sse2;
-}
-#define BRELT_TEST_AT_WIDTH(w, Bodies, Name)                                      \
-  ::brelt::test::AtWidth(w, &Bodies<::brelt::scan::Width::kSse2>::Name,           \
-                         &Bodies<::brelt::scan::Width::kAvx2>::Name,              \
-                         &Bodies<::brelt::scan::Width::kAvx512>::Name)
-
 }  // namespace brelt::test
