@@ -249,8 +249,9 @@ struct Fixed {
     return K::CountEq(AsRaw(p), n, AsRaw(v));
   }
   template <Unit T>
-  [[gnu::always_inline]] static std::uint64_t LastBeforeEnd(const T* p, std::uint64_t n, T v) {
-    return K::LastBeforeEnd(AsRaw(p), n, AsRaw(v));
+  [[gnu::always_inline]] static std::uint64_t LastBeforeEnd(const T* p, std::uint64_t n, T v,
+                                                            std::uint64_t none) {
+    return K::LastBeforeEnd(AsRaw(p), n, AsRaw(v), none);
   }
   [[gnu::always_inline]] static std::uint64_t FirstDifference(const std::uint8_t* a,
                                                               const std::uint8_t* b,

@@ -18,8 +18,9 @@ namespace {
 // Not checked by the address sanitizer, which may not be set up yet when this runs.
 [[gnu::no_sanitize_address]] Width CpuWidth() {
   __builtin_cpu_init();
-  if (__builtin_cpu_supports("avx512bw")) return Width::kAvx512;
-  if (__builtin_cpu_supports("avx2")) return Width::kAvx2;
+  const bool bits = __builtin_cpu_supports("bmi") && __builtin_cpu_supports("bmi2");
+  if (bits && __builtin_cpu_supports("avx512bw")) return Width::kAvx512;
+  if (bits && __builtin_cpu_supports("avx2")) return Width::kAvx2;
   return Width::kSse2;
 }
 

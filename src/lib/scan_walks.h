@@ -531,8 +531,9 @@ inline constexpr std::uint64_t kLong = ~std::uint64_t{0};
 
 // Index of the first byte that differs between a[0..n) and b[0..n), or n, for n of at least a
 // block where both areas are readable whole: read in blocks from the start and blocks that end
-// with the areas, as AreaRest, up to four at once, then four at a time. Only one side goes
-// through a register, so the other's loads can be parts of the compares.
+// with the areas, as AreaRest, up to four at once, then four at a time (from where a's blocks
+// are aligned). Only one side goes through a register, so the other's loads can be parts of
+// the compares.
 template <class W>
 [[gnu::always_inline]] inline std::uint64_t SpanMismatch(const std::uint8_t* a,
                                                          const std::uint8_t* b,
@@ -557,7 +558,10 @@ template <class W>
       at = n - 4 * B;
       if (same(at, at + B, at + 2 * B, at + 3 * B)) return n;
     }
-  } else {
+  } else if (same(0, B, 2 * B, 3 * B)) {
+    // The next groups start where a's blocks are aligned: a load that straddles two cache
+    // lines costs two, and over a long area that is most of the time.
+    at = 4 * B - reinterpret_cast<std::uintptr_t>(a) % B;
     for (; at < n - 4 * B; at += 4 * B) {
       if (!same(at, at + B, at + 2 * B, at + 3 * B)) break;
     }
@@ -658,22 +662,26 @@ struct KernelSet {
     return Count<W>(p, n, v);
   }
   // For a text in p[0..n) that ends at its first zero (or at n): the index of its last
-  // element equal to v, or n when it holds none, where the block at p holds the text's end and
-  // its page holds the block; kLong otherwise.
+  // element equal to v, or `none` when it holds none, where the block at p holds the text's end
+  // and its page holds the block; kLong otherwise.
   template <class T>
-  [[gnu::always_inline]] static std::uint64_t LastBeforeEnd(const T* p, std::uint64_t n, T v) {
+  [[gnu::always_inline]] static std::uint64_t LastBeforeEnd(const T* p, std::uint64_t n, T v,
+                                                            std::uint64_t none) {
     constexpr unsigned B = W::kBytes;
     if (n == 0 || PageOffset(p) > 4096 - B || reinterpret_cast<std::uintptr_t>(p) % sizeof(T) != 0)
         [[unlikely]] {
       return kLong;
     }
     const auto x = W::Load(p);
-    const Bits bound = n * sizeof(T) < B ? Bits{1} << (n * sizeof(T)) : 0;
-    const Bits end = LaneHits<W, T, IsZero<W, T>>(x) | bound;
-    if (end == 0) return kLong;
-    const Bits before = (Bits{1} << __builtin_ctzll(end)) - 1;
-    const Bits hits = LaneHits<W, T, IsValue<W, T>>(IsValue<W, T>(v).Key(x)) & before;
-    return hits ? (63u - static_cast<unsigned>(__builtin_clzll(hits))) / sizeof(T) : n;
+    const Bits zeros = W::template ZeroLanes<T>(x);
+    Bits hits = W::Mask(W::Eq(x, W::Splat(v), T{}));
+    if (n * sizeof(T) < B) {
+      hits &= (Bits{1} << (n * sizeof(T))) - 1;
+    } else if (zeros == 0) {
+      return kLong;
+    }
+    hits &= (zeros - 1) & ~zeros;  // below the first zero, all lanes if there is none
+    return hits ? (63u - static_cast<unsigned>(__builtin_clzll(hits))) / sizeof(T) : none;
   }
   [[gnu::always_inline]] static std::uint64_t FirstDifference(const std::uint8_t* a,
                                                               const std::uint8_t* b,

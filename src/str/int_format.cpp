@@ -15,7 +15,6 @@ using brelt::str::ClampBase;
 using brelt::str::kDigitAlphabet;
 using brelt::str::kDigitPairs;
 
-
 constexpr std::array<std::uint64_t, 20> kPowersOf10 = [] {
   std::array<std::uint64_t, 20> t{};
   std::uint64_t p = 1;
@@ -27,7 +26,6 @@ constexpr std::array<std::uint64_t, 20> kPowersOf10 = [] {
 }();
 
 // From the bit width, with one table look-up: 1233 / 4096 is just above log10(2), so the
-// guess is the count or one below it.
 // guess is the count or one below it. Zero counts as one, as one does.
 template <class U>
 inline unsigned DigitCount10(U v) {

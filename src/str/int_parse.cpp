@@ -179,9 +179,10 @@ template <class S, class T>
   bool fits;
   // The range is symmetric, as in the walk.
   if (base == 10 && PlainDecimal<U>(high, src, std::numeric_limits<S>::max(), magnitude, fits)) {
-    *ok = fits ? 1 : 0;
-    // Negated without a branch: the sign of a run of numbers is no pattern to predict.
+    // Negated without a branch: the sign of a run of numbers is no pattern to predict. The
+    // sign is read before ok is stored, which may alias the text.
     const U flip = U{0} - U{src[0] == T('-')};
+    *ok = fits ? 1 : 0;
     return static_cast<S>(static_cast<U>((static_cast<U>(magnitude) ^ flip) - flip));
   }
   return ParseSignedWalk<S>(high, src, base, ok);

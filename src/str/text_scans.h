@@ -46,8 +46,8 @@ struct RCharPosOp {
     if (ch == T{0}) return kNotFound;
     const std::uint64_t n = Capacity(high);
     // A short text is answered from one look at its start.
-    if (const std::uint64_t i = S::LastBeforeEnd(s, n, ch); i != scan::kLong) {
-      return i == n ? kNotFound : i;
+    if (const std::uint64_t i = S::LastBeforeEnd(s, n, ch, kNotFound); i != scan::kLong) {
+      return i;
     }
     const std::uint64_t first = S::FindEither(s, n, T{0}, ch);
     BRELT_PASS_ON_DEFERRED(S, first)

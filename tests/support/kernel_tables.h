@@ -20,11 +20,11 @@ struct KernelTable {
 inline std::vector<KernelTable> RunnableKernelTables() {
   namespace scan = brelt::scan;
   std::vector<KernelTable> tables{{"sse2", &scan::kSse2Kernels, scan::Width::kSse2}};
-  __builtin_cpu_init();
-  if (__builtin_cpu_supports("avx2")) {
+  const scan::Width widest = scan::CpuWidth();
+  if (widest >= scan::Width::kAvx2) {
     tables.push_back({"avx2", &scan::kAvx2Kernels, scan::Width::kAvx2});
   }
-  if (__builtin_cpu_supports("avx512bw")) {
+  if (widest >= scan::Width::kAvx512) {
     tables.push_back({"avx512", &scan::kAvx512Kernels, scan::Width::kAvx512});
   }
   return tables;
