@@ -674,14 +674,13 @@ struct KernelSet {
     }
     const auto x = W::Load(p);
     const Bits zeros = W::template ZeroLanes<T>(x);
-    Bits hits = W::Mask(W::Eq(x, W::Splat(v), T{}));
-    if (n * sizeof(T) < B) {
-      hits &= (Bits{1} << (n * sizeof(T))) - 1;
-    } else if (zeros == 0) {
-      return kLong;
-    }
-    hits &= (zeros - 1) & ~zeros;  // below the first zero, all lanes if there is none
-    return hits ? (63u - static_cast<unsigned>(__builtin_clzll(hits))) / sizeof(T) : none;
+    const Bits hits = W::Mask(W::Eq(x, W::Splat(v), T{}));
+    const unsigned inArray = static_cast<unsigned>(std::min<std::uint64_t>(n * sizeof(T), B));
+    if (zeros == 0 && inArray == B) return kLong;
+    // Lanes in the array and below the first zero (all of them where there is none).
+    const Bits before = (~Bits{0} >> (64 - inArray)) & (zeros - 1) & ~zeros;
+    return (hits & before) ? (63u - static_cast<unsigned>(__builtin_clzll(hits & before))) / sizeof(T)
+                           : none;
   }
   [[gnu::always_inline]] static std::uint64_t FirstDifference(const std::uint8_t* a,
                                                               const std::uint8_t* b,
