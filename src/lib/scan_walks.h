@@ -560,7 +560,7 @@ template <class W>
     }
   } else if (same(0, B, 2 * B, 3 * B)) {
     // The next groups start where a's blocks are aligned: a load that straddles two cache
-    // lines costs two, and over a long area that is most of the time.
+    // lines costs about two, and where a is not aligned, half of its loads would.
     at = 4 * B - reinterpret_cast<std::uintptr_t>(a) % B;
     for (; at < n - 4 * B; at += 4 * B) {
       if (!same(at, at + B, at + 2 * B, at + 3 * B)) break;
@@ -678,9 +678,8 @@ struct KernelSet {
     const unsigned inArray = static_cast<unsigned>(std::min<std::uint64_t>(n * sizeof(T), B));
     if (zeros == 0 && inArray == B) return kLong;
     // Lanes in the array and below the first zero (all of them where there is none).
-    const Bits before = (~Bits{0} >> (64 - inArray)) & (zeros - 1) & ~zeros;
-    return (hits & before) ? (63u - static_cast<unsigned>(__builtin_clzll(hits & before))) / sizeof(T)
-                           : none;
+    const Bits found = hits & (~Bits{0} >> (64 - inArray)) & (zeros - 1) & ~zeros;
+    return found ? (63u - static_cast<unsigned>(__builtin_clzll(found))) / sizeof(T) : none;
   }
   [[gnu::always_inline]] static std::uint64_t FirstDifference(const std::uint8_t* a,
                                                               const std::uint8_t* b,
