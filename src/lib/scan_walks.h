@@ -359,8 +359,6 @@ inline std::uintptr_t AreaEnd(const void* at, std::uint64_t bytes) {
   return bytes > ~a ? ~std::uintptr_t{0} : a + bytes;
 }
 
-inline std::uintptr_t PageStart(std::uintptr_t a) { return a & ~std::uintptr_t{4095}; }
-
 // First element in p[0..n) that the test hits, or n, for areas that KernelSet::Up does not
 // answer.
 //
@@ -454,7 +452,7 @@ template <class W, class T, class Test>
   };
   if (n == 0) return 0;
 
-  const std::uint64_t room = end - PageStart(end - 1);
+  const std::uint64_t room = PageOffset(reinterpret_cast<const void*>(end - 1)) + 1;
   const std::uint64_t size = n * sizeof(T);
   const std::uintptr_t areaLow = size > end ? 0 : end - size;
   const std::uint64_t span = end - areaLow;
@@ -469,7 +467,7 @@ template <class W, class T, class Test>
       return passed(end - G + LastHit<W, T>(bytes(end - G), 4, test));
     }
     if (span <= G) return n;
-    at = (end - G + G - 1) & ~std::uintptr_t{G - 1};
+    at = (end - 1) & ~std::uintptr_t{G - 1};  // the group boundary at or above end - G
   } else {
     const std::uintptr_t block = (end - 1) & ~std::uintptr_t{B - 1};
     const unsigned valid = static_cast<unsigned>(end - block);  // 1..B bytes of the block

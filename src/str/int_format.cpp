@@ -76,12 +76,8 @@ inline void StoreDigits10(U v, T* end) {
 // Stores the lowest n digits of v in base 10, the last at `last` and the others before it.
 template <class U, class T>
 inline void StoreLowDigits10(U v, T* last, unsigned n) {
-  for (; n >= 2; n -= 2) {
-    const unsigned pair = static_cast<unsigned>(v % 100u) * 2u;
-    v /= 100u;
-    last[0] = static_cast<T>(kDigitPairs[pair + 1]);
-    last[-1] = static_cast<T>(kDigitPairs[pair]);
-    last -= 2;
+  for (; n >= 2; n -= 2, last -= 2, v /= 100u) {
+    StorePair(last - 1, static_cast<unsigned>(v % 100u));
   }
   if (n != 0) *last = static_cast<T>('0' + static_cast<unsigned>(v % 10u));
 }

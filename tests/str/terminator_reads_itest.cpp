@@ -43,14 +43,7 @@ struct Row {
 // The width being walked. Exports bound at load keep the CPU's width whatever table is in use,
 // so their rows call the body of this width.
 brelt::scan::Width width = brelt::scan::Width::kSse2;
-#define BOUND(f)                                                          \
-  ([] {                                                                   \
-    if constexpr (sizeof(T) == 1) {                                       \
-      return BRELT_BODY_AT_WIDTH(width, brelt::str::TextScans, f##A);     \
-    } else {                                                              \
-      return BRELT_BODY_AT_WIDTH(width, brelt::str::TextScans, f##W);     \
-    }                                                                     \
-  }())
+#define BOUND(f) BRELT_TEXT_SCAN_AT_WIDTH(T, width, f)
 
 template <class T>
 std::vector<Row<T>> Rows() {

@@ -13,7 +13,6 @@
 namespace {
 
 using brelt::WChar;
-using brelt::str::TextScans;
 using brelt::test::GuardedArray;
 
 struct Expected {
@@ -32,14 +31,7 @@ Expected Walk(const T* s, unsigned high, T ch) {
   return e;
 }
 
-#define AT_WIDTH(Name)                                        \
-  ([&] {                                                      \
-    if constexpr (sizeof(T) == 1) {                           \
-      return BRELT_BODY_AT_WIDTH(w, TextScans, Name##A);      \
-    } else {                                                  \
-      return BRELT_BODY_AT_WIDTH(w, TextScans, Name##W);      \
-    }                                                         \
-  }())
+#define AT_WIDTH(Name) BRELT_TEXT_SCAN_AT_WIDTH(T, w, Name)
 
 template <class T>
 void Check(brelt::scan::Width w, const char* name, std::mt19937& rng) {

@@ -9,6 +9,17 @@
 #include "lib/scan_kernels_table.h"
 #include "str/text_scans.h"
 
+// The body that the export Str::Name##A (8-bit T) or Str::Name##W (16-bit T) is bound to on a
+// CPU of width w.
+#define BRELT_TEXT_SCAN_AT_WIDTH(T, w, Name)                                      \
+  ([&] {                                                                          \
+    if constexpr (sizeof(T) == 1) {                                               \
+      return BRELT_BODY_AT_WIDTH(w, ::brelt::str::TextScans, Name##A);            \
+    } else {                                                                      \
+      return BRELT_BODY_AT_WIDTH(w, ::brelt::str::TextScans, Name##W);            \
+    }                                                                             \
+  }())
+
 namespace brelt::test {
 
 struct KernelTable {
