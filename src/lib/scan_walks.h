@@ -260,7 +260,7 @@ template <class W, class T, class Test>
 
 // Byte offset from `at` of the first hit in blocks known to hold one.
 template <class W, class T, class Test>
-inline unsigned FirstHit(const std::uint8_t* at, const Test& test) {
+[[gnu::always_inline]] inline unsigned FirstHit(const std::uint8_t* at, const Test& test) {
   unsigned k = 0;
   Bits m;
   while ((m = BlockHits<W, T>(at + k, test)) == 0) k += W::kBytes;
@@ -269,7 +269,8 @@ inline unsigned FirstHit(const std::uint8_t* at, const Test& test) {
 
 // Byte offset from `at` of the last hit in the `blocks` blocks there, known to hold one.
 template <class W, class T, class Test>
-inline unsigned LastHit(const std::uint8_t* at, unsigned blocks, const Test& test) {
+[[gnu::always_inline]] inline unsigned LastHit(const std::uint8_t* at, unsigned blocks,
+                                               const Test& test) {
   unsigned k = (blocks - 1) * W::kBytes;
   Bits m;
   while ((m = BlockHits<W, T>(at + k, test)) == 0) k -= W::kBytes;
@@ -690,9 +691,10 @@ struct KernelSet {
  private:
   // The block where the area starts (for Down: the one that ends with it) is looked at
   // first, where its page holds it: most texts end there, also in long arrays. Areas of up
-  // to eight blocks that their page holds whole are answered here too, without a frame; the
-  // long walks are calls of their own, made last (told how many elements were found clean,
-  // so that the call is the entry's last step).
+  // to eight blocks that their page holds whole are answered here too, and (Up) so is a
+  // longer area whose first eight blocks hold a hit, all without a frame; the long walks are
+  // calls of their own, made last (told how many elements were found clean, so that the call
+  // is the entry's last step).
   template <class Test, class T, class... Values>
   [[gnu::always_inline]] static std::uint64_t Up(const T* p, std::uint64_t n, Values... v) {
     constexpr unsigned B = W::kBytes;
@@ -712,10 +714,25 @@ struct KernelSet {
     if (n < per) return first(m | Bits{1} << (n * sizeof(T)));
     if (m) return first(m);
     if (n == per) return n;
-    if (n <= 8 * per && PageRoom(at) >= n * sizeof(T)) {
-      return AreaRest<W, T>(at, n * sizeof(T), test) / sizeof(T);
+    const std::uint64_t size = n * sizeof(T);
+    const std::uint64_t room = PageRoom(at);
+    if (size <= 8 * B && room >= size) return AreaRest<W, T>(at, size, test) / sizeof(T);
+    if constexpr (!kDefer) {
+      // The long walk's own front reads the next blocks as well as anything here would.
+      return UpLong<Test>(p, n, per, v...);
+    } else {
+      if (size <= 8 * B || room < 8 * B) return kLong;
+      // A longer area, mostly an array that holds a shorter text. Deferring means walking
+      // again from the start, so its end is looked for in the next blocks first: one by one,
+      // as it may lie in any of them, then four at once.
+      if (Bits hit = BlockHits<W, T>(at + B, test)) return first(hit) + per;
+      if (Bits hit = BlockHits<W, T>(at + 2 * B, test)) return first(hit) + 2 * per;
+      if (Bits hit = BlockHits<W, T>(at + 3 * B, test)) return first(hit) + 3 * per;
+      if (GroupHit<W, T>(at + 4 * B, test)) {
+        return (4 * B + FirstHit<W, T>(at + 4 * B, test)) / sizeof(T);
+      }
+      return kLong;
     }
-    return kDefer ? kLong : UpLong<Test>(p, n, per, v...);
   }
   template <class Test, class T, class... Values>
   [[gnu::noinline]] static std::uint64_t UpLong(const T* p, std::uint64_t n, std::uint64_t done,
