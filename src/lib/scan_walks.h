@@ -258,6 +258,32 @@ template <class W, class T, class Test>
   return LaneHits<W, T, Test>(folded) != 0;
 }
 
+// Byte offset from `at` of the first hit in the four blocks there, or 4 * B when they hold
+// none: one test for all four, then the blocks' own keys, not loaded again, say where.
+template <class W, class T, class Test>
+[[gnu::always_inline]] inline unsigned GroupFirst(const std::uint8_t* at, const Test& test) {
+  constexpr unsigned B = W::kBytes;
+  const auto k0 = test.Key(LoadOnce<W>(at));
+  const auto k1 = test.Key(LoadOnce<W>(at + B));
+  const auto k2 = test.Key(LoadOnce<W>(at + 2 * B));
+  const auto k3 = test.Key(LoadOnce<W>(at + 3 * B));
+  auto hits = [](typename W::V key) BRELT_INLINE_LAMBDA { return LaneHits<W, T, Test>(key); };
+  auto ctz = [](Bits m) BRELT_INLINE_LAMBDA { return static_cast<unsigned>(__builtin_ctzll(m)); };
+  if (hits(Fold<W, T, Test>(Fold<W, T, Test>(k0, k1), Fold<W, T, Test>(k2, k3))) == 0) {
+    return 4 * B;
+  }
+  if constexpr (B <= 32) {
+    // Two blocks' bits fit in one word.
+    if (const Bits low = hits(k0) | hits(k1) << B) return ctz(low);
+    return 2 * B + ctz(hits(k2) | hits(k3) << B);
+  } else {
+    if (const Bits m = hits(k0)) return ctz(m);
+    if (const Bits m = hits(k1)) return B + ctz(m);
+    if (const Bits m = hits(k2)) return 2 * B + ctz(m);
+    return 3 * B + ctz(hits(k3));
+  }
+}
+
 // Byte offset from `at` of the first hit in blocks known to hold one.
 template <class W, class T, class Test>
 [[gnu::always_inline]] inline unsigned FirstHit(const std::uint8_t* at, const Test& test) {
@@ -402,7 +428,7 @@ template <class W, class T, class Test>
     if (size <= 2 * G) return n;
     at = (start + 2 * G) & ~std::uintptr_t{G - 1};
   } else if (room >= G) {
-    if (GroupHit<W, T>(base, test)) return element(start + FirstHit<W, T>(base, test));
+    if (const unsigned k = GroupFirst<W, T>(base, test); k < G) return element(start + k);
     if (size <= G) return n;
     at = (start + G) & ~std::uintptr_t{G - 1};
   } else {
@@ -420,7 +446,7 @@ template <class W, class T, class Test>
     }
   }
   for (; at < areaEnd; at += G) {
-    if (GroupHit<W, T>(bytes(at), test)) return element(at + FirstHit<W, T>(bytes(at), test));
+    if (const unsigned k = GroupFirst<W, T>(bytes(at), test); k < G) return element(at + k);
   }
   return n;
 }
@@ -728,10 +754,8 @@ struct KernelSet {
       if (Bits hit = BlockHits<W, T>(at + B, test)) return first(hit) + per;
       if (Bits hit = BlockHits<W, T>(at + 2 * B, test)) return first(hit) + 2 * per;
       if (Bits hit = BlockHits<W, T>(at + 3 * B, test)) return first(hit) + 3 * per;
-      if (GroupHit<W, T>(at + 4 * B, test)) {
-        return (4 * B + FirstHit<W, T>(at + 4 * B, test)) / sizeof(T);
-      }
-      return kLong;
+      const unsigned k = GroupFirst<W, T>(at + 4 * B, test);
+      return k < 4 * B ? (4 * B + k) / sizeof(T) : kLong;
     }
   }
   template <class Test, class T, class... Values>
