@@ -205,6 +205,41 @@ void CharPosW_char_traits(benchmark::State& state) {
   });
 }
 
+// A text of the size argument, its NUL the last, at the start of a 4 KiB array: most bounded
+// strings are shorter than the arrays that hold them, so the array's end does not end the scan.
+constexpr unsigned kArray = 4096;
+template <class Scan>
+void InArray(benchmark::State& state, Scan scan) {
+  Placed<char> s(kArray, 'x');
+  s.data()[state.range(0) - 1] = '\0';
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(s.data());
+    benchmark::DoNotOptimize(scan(s.data()));
+  }
+  Done(state);
+}
+void LengthAInArray_brelt(benchmark::State& state) {
+  InArray(state, [](const char* p) { return Str::LengthA(kArray - 1, p); });
+}
+void LengthAInArray_strnlen(benchmark::State& state) {
+  InArray(state, [](const char* p) { return strnlen(p, kArray); });
+}
+void CharPosAInArray_brelt(benchmark::State& state) {
+  InArray(state, [](const char* p) { return Str::CharPosA(kArray - 1, p, 'y'); });
+}
+void CharPosAInArray_strchr(benchmark::State& state) {
+  InArray(state, [](const char* p) { return std::strchr(p, 'y'); });
+}
+void RCharPosAInArray_brelt(benchmark::State& state) {
+  InArray(state, [](const char* p) { return Str::RCharPosA(kArray - 1, p, 'y'); });
+}
+void RCharPosAInArray_strrchr(benchmark::State& state) {
+  InArray(state, [](const char* p) { return std::strrchr(p, 'y'); });
+}
+void TextSizes(benchmark::internal::Benchmark* b) {
+  for (long n : {16, 64, 256}) b->Arg(n);
+}
+
 BENCHMARK(LengthA_brelt)->Name("LengthA/brelt")->Apply(Sizes);
 BENCHMARK(LengthA_strnlen)->Name("LengthA/strnlen")->Apply(Sizes);
 BENCHMARK(CharPosA_brelt)->Name("CharPosA/brelt")->Apply(Sizes);
@@ -225,5 +260,11 @@ BENCHMARK(LengthW_brelt)->Name("LengthW/brelt")->Apply(Sizes);
 BENCHMARK(LengthW_char_traits)->Name("LengthW/char_traits")->Apply(Sizes);
 BENCHMARK(CharPosW_brelt)->Name("CharPosW/brelt")->Apply(Sizes);
 BENCHMARK(CharPosW_char_traits)->Name("CharPosW/char_traits")->Apply(Sizes);
+BENCHMARK(LengthAInArray_brelt)->Name("LengthA_in_4KiB/brelt")->Apply(TextSizes);
+BENCHMARK(LengthAInArray_strnlen)->Name("LengthA_in_4KiB/strnlen")->Apply(TextSizes);
+BENCHMARK(CharPosAInArray_brelt)->Name("CharPosA_in_4KiB/brelt")->Apply(TextSizes);
+BENCHMARK(CharPosAInArray_strchr)->Name("CharPosA_in_4KiB/strchr")->Apply(TextSizes);
+BENCHMARK(RCharPosAInArray_brelt)->Name("RCharPosA_in_4KiB/brelt")->Apply(TextSizes);
+BENCHMARK(RCharPosAInArray_strrchr)->Name("RCharPosA_in_4KiB/strrchr")->Apply(TextSizes);
 
 }  // namespace
