@@ -18,6 +18,15 @@ enum class Width { kSse2, kAvx2, kAvx512 };
 // One bit per byte of a block, bit 0 for its lowest byte.
 using Bits = std::uint64_t;
 
+// The lowest `count` bits of m, for a count up to 64.
+inline Bits LowBits(Bits m, unsigned count) {
+#if defined(__BMI2__)
+  return _bzhi_u64(m, count);
+#else
+  return count >= 64 ? m : m & ((Bits{1} << count) - 1);
+#endif
+}
+
 // The walks read only blocks that lie on the page of a byte they must look at anyway (the
 // next one not yet found clean), so they may look at bytes beside the area (and beside the
 // terminator of a string whose bound says more) without ever faulting; lanes outside the area
@@ -687,8 +696,8 @@ struct KernelSet {
     return Count<W>(p, n, v);
   }
   // For a text in p[0..n) that ends at its first zero (or at n): the index of its last
-  // element equal to v, or `none` when it holds none, where the block at p holds the text's end
-  // and its page holds the block; kLong otherwise.
+  // element equal to v (which is not zero), or `none` when it holds none, where the block at p
+  // holds the text's end and its page holds the block; kLong otherwise.
   template <class T>
   [[gnu::always_inline]] static std::uint64_t LastBeforeEnd(const T* p, std::uint64_t n, T v,
                                                             std::uint64_t none) {
@@ -701,9 +710,10 @@ struct KernelSet {
     const Bits zeros = W::template ZeroLanes<T>(x);
     const Bits hits = W::Mask(W::Eq(x, W::Splat(v), T{}));
     const unsigned inArray = static_cast<unsigned>(std::min<std::uint64_t>(n * sizeof(T), B));
-    if (zeros == 0 && inArray == B) return kLong;
-    // Lanes in the array and below the first zero (all of them where there is none).
-    const Bits found = hits & (~Bits{0} >> (64 - inArray)) & (zeros - 1) & ~zeros;
+    if (zeros == 0 && inArray == B) [[unlikely]] return kLong;
+    // Lanes in the array and up to the first zero (all of them where there is none); the
+    // zero's own lanes hold no hit.
+    const Bits found = LowBits(hits, inArray) & (zeros ^ (zeros - 1));
     return found ? (63u - static_cast<unsigned>(__builtin_clzll(found))) / sizeof(T) : none;
   }
   [[gnu::always_inline]] static std::uint64_t FirstDifference(const std::uint8_t* a,
