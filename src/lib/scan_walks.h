@@ -507,9 +507,9 @@ template <class W, class T, class Test>
   } else {
     const std::uintptr_t block = (end - 1) & ~std::uintptr_t{B - 1};
     const unsigned valid = static_cast<unsigned>(end - block);  // 1..B bytes of the block
-    Bits m = BlockHits<W, T>(bytes(block), test);
-    if (valid < 64) m &= (Bits{1} << valid) - 1;
-    if (m) return passed(block + top(m));
+    if (const Bits m = LowBits(BlockHits<W, T>(bytes(block), test), valid)) {
+      return passed(block + top(m));
+    }
     for (at = block; at % G != 0; at -= B) {
       if (at <= areaLow) return n;
       if (Bits hit = BlockHits<W, T>(bytes(at - B), test)) return passed(at - B + top(hit));
@@ -549,8 +549,7 @@ template <class W, class T>
       lanes += static_cast<unsigned>(__builtin_popcountll(hits(p + n - per) >> (W::kBytes - rest)));
       i = n;
     } else if (PageRoom(p + i) >= W::kBytes) {
-      lanes += static_cast<unsigned>(
-          __builtin_popcountll(hits(p + i) & ((Bits{1} << rest) - 1)));
+      lanes += static_cast<unsigned>(__builtin_popcountll(LowBits(hits(p + i), rest)));
       i = n;
     }
   }
