@@ -599,8 +599,19 @@ template <class W>
       if (!same(at, at + B, at + 2 * B, at + 3 * B)) break;
     }
     if (at >= n - 4 * B) {
-      at = n - 4 * B;
-      if (same(at, at + B, at + 2 * B, at + 3 * B)) return n;
+      // One to four blocks are left: only those are read, in blocks that end with the areas
+      // (where they differ, the walk below starts from the first of them).
+      const std::uint64_t rest = n - at;
+      at = std::min(at, tail);
+      if (rest <= B) {
+        if (same(tail)) return n;
+      } else if (rest <= 2 * B) {
+        if (same(tail - B, tail)) return n;
+      } else if (rest <= 3 * B) {
+        if (same(tail - 2 * B, tail - B, tail)) return n;
+      } else if (same(tail - 3 * B, tail - 2 * B, tail - B, tail)) {
+        return n;
+      }
     }
   }
   for (;; at = std::min(at + B, tail)) {
