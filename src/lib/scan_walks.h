@@ -614,6 +614,9 @@ template <class W>
       }
     }
   }
+  // The walk loads its blocks afresh: were `at` known here, the compiler would keep the
+  // blocks of the groups above in registers for it, at a cost in every round of their loop.
+  asm("" : "+r"(at));
   for (;; at = std::min(at + B, tail)) {
     const Bits d = ~W::Mask(eq(at)) & W::kFull;
     if (d) return at + static_cast<unsigned>(__builtin_ctzll(d));
