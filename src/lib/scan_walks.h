@@ -278,7 +278,9 @@ template <class W, class T, class Test>
   const auto k3 = test.Key(LoadOnce<W>(at + 3 * B));
   auto hits = [](typename W::V key) BRELT_INLINE_LAMBDA { return LaneHits<W, T, Test>(key); };
   auto ctz = [](Bits m) BRELT_INLINE_LAMBDA { return static_cast<unsigned>(__builtin_ctzll(m)); };
-  if (hits(Fold<W, T, Test>(Fold<W, T, Test>(k0, k1), Fold<W, T, Test>(k2, k3))) == 0) {
+  // Most groups a walk reads hold no hit.
+  if (hits(Fold<W, T, Test>(Fold<W, T, Test>(k0, k1), Fold<W, T, Test>(k2, k3))) == 0)
+      [[likely]] {
     return 4 * B;
   }
   if constexpr (B <= 32) {
