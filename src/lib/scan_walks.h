@@ -742,10 +742,10 @@ struct KernelSet {
  private:
   // The block where the area starts (for Down: the one that ends with it) is looked at
   // first, where its page holds it: most texts end there, also in long arrays. Areas of up
-  // to eight blocks that their page holds whole are answered here too, and (Up) so is a
-  // longer area whose first eight blocks hold a hit, all without a frame; the long walks are
-  // calls of their own, made last (told how many elements were found clean, so that the call
-  // is the entry's last step).
+  // to eight blocks that their page holds whole are answered here too, and so (Up, where the
+  // long walk is left to the caller) is a longer area whose first eight blocks hold a hit,
+  // all without a frame; the long walks are calls of their own, made last (told how many
+  // elements were found clean, so that the call is the entry's last step).
   template <class Test, class T, class... Values>
   [[gnu::always_inline]] static std::uint64_t Up(const T* p, std::uint64_t n, Values... v) {
     constexpr unsigned B = W::kBytes;
