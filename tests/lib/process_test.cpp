@@ -103,16 +103,20 @@ TEST(LibDelay, DelayWaitsAndSoundDoesNothing) {
   EXPECT_LT(std::chrono::steady_clock::now() - middle, std::chrono::milliseconds(50));
 }
 
-// The date and time are the C runtime's local time of the same second.
+// The date and time are the C runtime's local time of the same second. The second is read
+// from the fine system clock: time() may lag it by a tick and name the second before.
 TEST(LibDateTime, LocalDateAndTime) {
+  const auto second = [] {
+    return std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
+  };
   std::time_t now;
   unsigned f[7];
   Lib::DayType dayType;
   do {
-    now = std::time(nullptr);
+    now = second();
     Lib::GetDate(&f[0], &f[1], &f[2], &dayType);
     Lib::GetTime(&f[3], &f[4], &f[5], &f[6]);
-  } while (std::time(nullptr) != now);
+  } while (second() != now);
   const std::tm t = *std::localtime(&now);
   const int want[] = {t.tm_year + 1900, t.tm_mon + 1, t.tm_mday, t.tm_hour, t.tm_min, t.tm_sec};
   for (int i = 0; i < 6; ++i) EXPECT_EQ(f[i], static_cast<unsigned>(want[i])) << "field " << i;
